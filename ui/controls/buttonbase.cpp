@@ -1,0 +1,222 @@
+#include "buttonbase.h"
+
+#include "foundation/assign.h"
+
+#include <QtCore/QPointer>
+#include <QtQuick/QQuickWindow>
+
+namespace ta::ui {
+
+class ButtonBasePrivate
+{
+public:
+    explicit ButtonBasePrivate(ButtonBase *q) : q(q) {}
+
+    void setHovered(bool value)
+    {
+        if (assign(hovered, value))
+            Q_EMIT q->hoveredChanged();
+    }
+
+    void setPressed(bool value)
+    {
+        if (assign(pressed, value))
+            Q_EMIT q->pressedChanged();
+    }
+
+    // Hovered first; a handler of its signal may destroy the button.
+    void setHoveredAndPressed(bool hoveredValue, bool pressedValue)
+    {
+        const QPointer<ButtonBase> guard(q);
+        setHovered(hoveredValue);
+        if (guard)
+            setPressed(pressedValue);
+    }
+
+    void takeFocus();
+
+    ButtonBase *const q;
+    bool hovered = false;
+    bool pressed = false;
+    bool activeFocusOnPress = false;
+    bool stealEditFocus = false;
+    bool down = false;
+    bool pressFromDoubleClick = false;
+    bool interactive = true;
+};
+
+namespace {
+
+bool isActivationKey(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+}
+
+} // namespace
+
+void ButtonBasePrivate::takeFocus()
+{
+    if (activeFocusOnPress) {
+        q->forceActiveFocus();
+        return;
+    }
+    if (!stealEditFocus || !q->window())
+        return;
+    // Only an item that edits text knows where its cursor is.
+    QQuickItem *focusItem = q->window()->activeFocusItem();
+    if (focusItem && focusItem->inputMethodQuery(Qt::ImCursorPosition).isValid())
+        focusItem->setFocus(false);
+}
+
+ButtonBase::ButtonBase(QQuickItem *parent)
+    : QQuickItem(parent), d(std::make_unique<ButtonBasePrivate>(this))
+{
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setAcceptHoverEvents(true);
+    setActiveFocusOnTab(true);
+    connect(this, &QQuickItem::enabledChanged, this, &ButtonBase::enabledChange);
+}
+
+ButtonBase::~ButtonBase() = default;
+
+bool ButtonBase::hovered() const
+{
+    return d->hovered;
+}
+
+bool ButtonBase::pressed() const
+{
+    return d->pressed;
+}
+
+bool ButtonBase::isDown() const
+{
+    return d->down;
+}
+
+void ButtonBase::setDown(bool down)
+{
+    if (assign(d->down, down))
+        Q_EMIT downChanged();
+}
+
+bool ButtonBase::activeFocusOnPress() const
+{
+    return d->activeFocusOnPress;
+}
+
+void ButtonBase::setActiveFocusOnPress(bool focus)
+{
+    if (assign(d->activeFocusOnPress, focus))
+        Q_EMIT activeFocusOnPressChanged();
+}
+
+bool ButtonBase::stealEditFocus() const
+{
+    return d->stealEditFocus;
+}
+
+void ButtonBase::setStealEditFocus(bool steal)
+{
+    if (assign(d->stealEditFocus, steal))
+        Q_EMIT stealEditFocusChanged();
+}
+
+bool ButtonBase::isInteractive() const
+{
+    return d->interactive;
+}
+
+void ButtonBase::setInteractive(bool interactive)
+{
+    d->interactive = interactive;
+    if (!interactive)
+        d->setHoveredAndPressed(false, false);
+}
+
+void ButtonBase::enabledChange()
+{
+    if (!isEnabled())
+        d->setHoveredAndPressed(false, false);
+}
+
+void ButtonBase::keyPressEvent(QKeyEvent *event)
+{
+    if (!d->interactive || !isActivationKey(event->key())) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    d->setPressed(true);
+}
+
+// Every release clicks, even one whose press went to another item: the focus may have come here
+// while the key was down.
+void ButtonBase::keyReleaseEvent(QKeyEvent *event)
+{
+    if (!d->interactive || !isActivationKey(event->key())) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    const QPointer<ButtonBase> guard(this);
+    d->setPressed(false);
+    if (guard)
+        Q_EMIT clicked(event->modifiers());
+}
+
+void ButtonBase::mousePressEvent(QMouseEvent *event)
+{
+    if (!d->interactive)
+        return;
+    const QPointer<ButtonBase> guard(this);
+    d->setPressed(true);
+    if (guard) {
+        d->pressFromDoubleClick = event->flags().testFlag(Qt::MouseEventCreatedDoubleClick);
+        d->takeFocus();
+    }
+    event->accept(); // and so grab the mouse
+}
+
+void ButtonBase::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!d->interactive)
+        return;
+    const bool inside = contains(event->localPos());
+    d->setHoveredAndPressed(inside, inside);
+    event->accept();
+}
+
+void ButtonBase::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (!d->interactive)
+        return;
+    const QPointer<ButtonBase> guard(this);
+    d->setPressed(false);
+    event->accept();
+    if (guard && contains(event->localPos()) && !d->pressFromDoubleClick)
+        Q_EMIT clicked(event->modifiers());
+}
+
+void ButtonBase::mouseUngrabEvent()
+{
+    d->setPressed(false);
+}
+
+void ButtonBase::hoverEnterEvent(QHoverEvent *event)
+{
+    if (!d->interactive)
+        return;
+    d->setHovered(true);
+    event->accept();
+}
+
+void ButtonBase::hoverLeaveEvent(QHoverEvent *event)
+{
+    if (!d->interactive)
+        return;
+    d->setHovered(false);
+    event->accept();
+}
+
+} // namespace ta::ui

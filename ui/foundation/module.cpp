@@ -1,0 +1,29 @@
+#include "module.h"
+
+#include "controls/buttonbase.h"
+#include "controls/checkbuttonbase.h"
+#include "controls/pushbuttonbase.h"
+#include "controls/toolbuttonbase.h"
+#include "popups/popupanchor.h"
+
+#include <QtQml/qqml.h>
+
+namespace ta::ui {
+
+void register_private()
+{
+    constexpr const char *uri = "tamber.Ui.Private";
+    constexpr int major = 1;
+    constexpr int minor = 0;
+
+    // Without it, items of this module would lack the QQuickItem properties added after Qt 5.0.
+    qmlRegisterRevision<QQuickItem, 11>(uri, major, minor);
+
+    qmlRegisterType<PopupAnchor>(uri, major, minor, "UiPopupAnchor");
+    qmlRegisterType<ButtonBase>(uri, major, minor, "UiButtonBase");
+    qmlRegisterType<CheckButtonBase>(uri, major, minor, "UiCheckButtonBase");
+    qmlRegisterType<ToolButtonBase>(uri, major, minor, "UiToolButtonBase");
+    qmlRegisterType<PushButtonBase>(uri, major, minor, "UiPushButtonBase");
+}
+
+} // namespace ta::ui

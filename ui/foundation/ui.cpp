@@ -1,0 +1,7 @@
+#include "ui.h"
+
+namespace ta::ui {
+
+Ui::~Ui() = default;
+
+} // namespace ta::ui

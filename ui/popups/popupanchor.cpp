@@ -1,0 +1,622 @@
+#include "popupanchor.h"
+
+#include "popupbackground.h"
+#include "popupplacement_p.h"
+#include "popupstack.h"
+
+#include "foundation/assign.h"
+#include "foundation/createobject.h"
+#include "foundation/logging.h"
+#include "foundation/rounding.h"
+
+#include <QtCore/QTimer>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickWindow>
+
+namespace ta::ui {
+
+namespace {
+
+constexpr qreal kLayerZ = 65635; // above all ordinary content and the eyedropper, below tooltips
+constexpr int kReleaseDelay = 700; // ms that a hidden popup item has for its animation
+
+// More tab stops than any popup has: the walk along the focus chain ends even where the chain is
+// broken and never comes back to where it started.
+constexpr int kMostTabStops = 10000;
+
+} // namespace
+
+class PopupAnchorPrivate
+{
+public:
+    explicit PopupAnchorPrivate(PopupAnchor *q) : q(q) {}
+
+    bool canCreate() const { return q->window() && q->isComponentComplete(); }
+    void createLayer();
+    void createPopupItem();
+    void adopt(QQuickItem *item);
+    void popupItemDestroyed();
+    void releasePopupItem();
+
+    void resume();
+    void follow();
+    void present();
+    void dismiss();
+    void joinStack();
+    void leaveStack();
+    void setPopupEnabled(bool enabled);
+
+    bool popupContains(const QPoint &windowPosition) const;
+    QPoint windowPosition(const QPointF &screenPosition) const;
+    bool press(const QPointF &screenPosition);
+    bool wheel(const QPointF &screenPosition) const;
+    bool key(int key);
+    bool tab(bool forward) const;
+    bool isInsidePopup(const QQuickItem *item) const;
+
+    PopupAnchor *const q;
+    bool popupVisible = false;
+    bool persistent = false;
+    bool autoLayout = false;
+    bool preventAutoScroll = true;
+    QPointer<QQuickItem> popupLayer; // owned by the anchor
+    QPointer<QQmlComponent> popup;
+    QPointer<QQuickItem> popupItem; // owned by the anchor until it is released
+    QPointer<QQuickItem> triggerItem;
+    PopupAnchor::PopupCreationPolicy popupCreationPolicy = PopupAnchor::OnDemandCreation;
+    int distanceTop = 0;
+    int distanceBottom = 0;
+    int distanceLeft = 0;
+    int distanceRight = 0;
+
+    bool creationPending = false; // asked for while canCreate() was false
+    bool onStack = false;
+    int visibilityChanges = 0;
+    int placements = 0;
+    QMetaObject::Connection frameConnection;
+    QMetaObject::Connection windowConnection;
+    QMetaObject::Connection itemConnection;
+};
+
+namespace {
+
+// One change of the visibility in progress. Any signal on the way may run a handler that destroys
+// the anchor or asks for another visibility; the turn is over then, and what began it must stop.
+class Turn
+{
+public:
+    Turn(PopupAnchor *anchor, const int &changes)
+        : m_anchor(anchor), m_changes(changes), m_number(changes)
+    {
+    }
+    bool isOver() const { return !m_anchor || m_changes != m_number; }
+
+private:
+    const QPointer<PopupAnchor> m_anchor;
+    const int &m_changes; // lives with the anchor
+    const int m_number;
+};
+
+} // namespace
+
+// --- The popup item -----------------------------------------------------------------------------
+
+void PopupAnchorPrivate::createLayer()
+{
+    if (popupLayer)
+        return;
+    popupLayer = new QQuickItem;
+    popupLayer->setEnabled(false);
+    popupLayer->setParent(q);
+    popupLayer->setParentItem(q->window()->contentItem());
+    popupLayer->setZ(kLayerZ);
+}
+
+void PopupAnchorPrivate::createPopupItem()
+{
+    creationPending = !canCreate();
+    if (creationPending)
+        return;
+    createLayer();
+    if (!popup)
+        return;
+    if (popupItem) {
+        QObject::disconnect(itemConnection);
+        popupItem->deleteLater();
+        popupItem.clear();
+    }
+
+    const QPointer<PopupAnchor> guard(q);
+    bool isItem = true;
+    const QPointer<QObject> object = createObject(popup, [&](QObject *created) {
+        auto *item = qobject_cast<QQuickItem *>(created);
+        isItem = item;
+        if (item)
+            adopt(item);
+    });
+    if (object && !isItem) {
+        qCWarning(lcUi, "A popup must be an item, not a %s", object->metaObject()->className());
+        const std::unique_ptr<QObject> unusable(object);
+    }
+    if (guard)
+        Q_EMIT q->popupItemChanged();
+}
+
+// Runs between creation and completion, so that the component's completion handlers find the item
+// inside the layer.
+void PopupAnchorPrivate::adopt(QQuickItem *item)
+{
+    popupItem = item;
+    item->setEnabled(false);
+    item->setParent(nullptr);
+    item->setParentItem(popupLayer);
+    new PopupBackground(item);
+    item->setProperty("_ta_isPopup", true);
+    itemConnection = QObject::connect(item, &QObject::destroyed, q,
+                                      [this] { popupItemDestroyed(); });
+}
+
+// Somebody else destroyed the item. A popup that is shown without one would filter the
+// application's events with nothing on the screen, so it closes.
+void PopupAnchorPrivate::popupItemDestroyed()
+{
+    const QPointer<PopupAnchor> guard(q);
+    Q_EMIT q->popupItemChanged();
+    if (guard && !popupItem)
+        q->setPopupVisible(false);
+}
+
+void PopupAnchorPrivate::releasePopupItem()
+{
+    QQuickItem *item = popupItem;
+    popupItem.clear();
+    QObject::disconnect(itemConnection);
+    // An application may quit before the delay is over; the item then goes with its engine.
+    item->setParent(qmlEngine(item));
+    QTimer::singleShot(kReleaseDelay, item, &QObject::deleteLater);
+}
+
+// --- Showing and hiding -------------------------------------------------------------------------
+
+void PopupAnchor::setPopupVisible(bool visible)
+{
+    if (!assign(d->popupVisible, visible))
+        return;
+    ++d->visibilityChanges;
+    const Turn turn(this, d->visibilityChanges);
+
+    if (visible)
+        Q_EMIT aboutToShow();
+    else
+        Q_EMIT aboutToHide();
+    if (turn.isOver())
+        return;
+    Q_EMIT popupVisibleChanged();
+    if (turn.isOver())
+        return;
+
+    if (visible)
+        d->present();
+    else
+        d->dismiss();
+}
+
+// The anchor got a window, or QML has finished constructing it: do what had to wait for that.
+void PopupAnchorPrivate::resume()
+{
+    if (!canCreate())
+        return;
+    const Turn turn(q, visibilityChanges);
+    if (creationPending)
+        createPopupItem();
+    if (!turn.isOver() && popupVisible && popupItem)
+        present();
+}
+
+// Puts the popup on the screen; what is done already stays as it is.
+void PopupAnchorPrivate::present()
+{
+    const Turn turn(q, visibilityChanges);
+    if (!popupItem) {
+        createPopupItem();
+        if (turn.isOver() || !popupItem)
+            return;
+    }
+    q->updateAnchorPosition();
+    if (turn.isOver())
+        return;
+    setPopupEnabled(true);
+    if (turn.isOver())
+        return;
+    joinStack();
+}
+
+void PopupAnchorPrivate::dismiss()
+{
+    const Turn turn(q, visibilityChanges);
+    creationPending = creationPending && popupCreationPolicy == PopupAnchor::InstantCreation;
+    if (popupItem)
+        q->updateAnchorPosition();
+    if (turn.isOver())
+        return;
+    setPopupEnabled(false);
+    if (turn.isOver())
+        return;
+    leaveStack();
+    if (popupItem && popupCreationPolicy == PopupAnchor::OnDemandCreation) {
+        releasePopupItem();
+        Q_EMIT q->popupItemChanged();
+    }
+}
+
+void PopupAnchorPrivate::setPopupEnabled(bool enabled)
+{
+    const Turn turn(q, visibilityChanges);
+    if (popupItem)
+        popupItem->setEnabled(enabled);
+    if (!turn.isOver() && popupLayer)
+        popupLayer->setEnabled(enabled);
+}
+
+void PopupAnchorPrivate::joinStack()
+{
+    QQuickWindow *window = q->window();
+    if (onStack || !window)
+        return;
+    onStack = true;
+    // Emitted on the render thread where there is one: the automatic connection queues it then.
+    frameConnection = QObject::connect(window, &QQuickWindow::beforeSynchronizing, q,
+                                       &PopupAnchor::updateAnchorPosition);
+    // A popup below the top of the stack does not see the close event of its window.
+    windowConnection = QObject::connect(window, &QWindow::visibleChanged, q, [this](bool visible) {
+        if (!visible)
+            q->hide();
+    });
+    PopupStack::push(q);
+}
+
+void PopupAnchorPrivate::leaveStack()
+{
+    if (!onStack)
+        return;
+    onStack = false;
+    QObject::disconnect(frameConnection);
+    QObject::disconnect(windowConnection);
+    PopupStack::pop(q);
+}
+
+// --- Placement ----------------------------------------------------------------------------------
+
+void PopupAnchor::updateAnchorPosition()
+{
+    if (window())
+        d->follow();
+}
+
+// Runs once a frame while the popup is shown. Setting an item's geometry or emitting a distance may
+// run handlers that destroy the item or the anchor, or that cause another placement, whose numbers
+// are newer than those here.
+void PopupAnchorPrivate::follow()
+{
+    const QPointer<PopupAnchor> guard(q);
+    const int number = ++placements;
+    const auto isOver = [&] { return !guard || placements != number; };
+
+    const QPoint anchor = rounded(q->mapToScene(QPointF()));
+    const QSizeF windowSize = q->window()->contentItem()->size();
+    QPoint layer = anchor;
+
+    if (autoLayout && popupItem) {
+        QSize trigger(0, 0);
+        if (const QQuickItem *parent = q->parentItem())
+            trigger = QSize(truncated(parent->width()), truncated(parent->height()));
+        const QSize implicit(truncated(popupItem->implicitWidth()),
+                             truncated(popupItem->implicitHeight()));
+        const PopupPlacement placement = placePopup(anchor, trigger, implicit, windowSize);
+        layer = placement.layer;
+
+        popupItem->setX(placement.popupX);
+        if (isOver())
+            return;
+        if (popupItem)
+            popupItem->setHeight(placement.popupHeight);
+        if (isOver())
+            return;
+        if (popupItem)
+            popupItem->setY(placement.popupY);
+        if (isOver())
+            return;
+    }
+    if (popupLayer)
+        popupLayer->setPosition(layer);
+
+    const struct
+    {
+        int PopupAnchorPrivate::*field;
+        int value;
+        void (PopupAnchor::*changed)();
+    } distances[] = {
+        { &PopupAnchorPrivate::distanceTop, layer.y(), &PopupAnchor::distanceTopChanged },
+        { &PopupAnchorPrivate::distanceBottom, truncated(windowSize.height() - layer.y()),
+          &PopupAnchor::distanceBottomChanged },
+        { &PopupAnchorPrivate::distanceLeft, layer.x(), &PopupAnchor::distanceLeftChanged },
+        { &PopupAnchorPrivate::distanceRight, truncated(windowSize.width() - layer.x()),
+          &PopupAnchor::distanceRightChanged },
+    };
+    for (const auto &distance : distances) {
+        if (isOver())
+            return;
+        if (assign(this->*distance.field, distance.value))
+            Q_EMIT(q->*distance.changed)();
+    }
+}
+
+// --- Input --------------------------------------------------------------------------------------
+
+bool PopupAnchor::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        return d->press(static_cast<QMouseEvent *>(event)->screenPos());
+    case QEvent::KeyPress:
+        return d->key(static_cast<QKeyEvent *>(event)->key());
+    case QEvent::Wheel:
+        return d->wheel(static_cast<QWheelEvent *>(event)->globalPosition());
+    case QEvent::Resize:
+        if (watched == window())
+            hide();
+        return false;
+    case QEvent::Close:
+        hide();
+        return false;
+    default:
+        return false;
+    }
+}
+
+QPoint PopupAnchorPrivate::windowPosition(const QPointF &screenPosition) const
+{
+    return q->window()->mapFromGlobal(rounded(screenPosition));
+}
+
+bool PopupAnchorPrivate::popupContains(const QPoint &windowPosition) const
+{
+    return popupItem && popupItem->contains(popupItem->mapFromScene(windowPosition));
+}
+
+bool PopupAnchorPrivate::press(const QPointF &screenPosition)
+{
+    if (persistent || !q->window())
+        return false;
+    const QPoint position = windowPosition(screenPosition);
+    if (popupContains(position))
+        return false;
+
+    const QPointer<QQuickItem> trigger = triggerItem; // hiding may destroy the anchor
+    q->hide();
+    return trigger && trigger->contains(trigger->mapFromScene(position));
+}
+
+bool PopupAnchorPrivate::wheel(const QPointF &screenPosition) const
+{
+    return q->window() && !popupContains(windowPosition(screenPosition));
+}
+
+bool PopupAnchorPrivate::key(int key)
+{
+    if (persistent)
+        return false;
+    switch (key) {
+    case Qt::Key_Escape:
+        q->hide();
+        return true;
+    case Qt::Key_Tab:
+        return tab(true);
+    case Qt::Key_Backtab:
+        return tab(false);
+    default:
+        return false;
+    }
+}
+
+bool PopupAnchorPrivate::isInsidePopup(const QQuickItem *item) const
+{
+    return popupItem && popupItem->isAncestorOf(item);
+}
+
+// Lets Qt move the focus while it stays inside the popup. From the last tab stop it goes to the
+// first: the farthest one that can be reached backwards from it without leaving the popup.
+bool PopupAnchorPrivate::tab(bool forward) const
+{
+    if (!popup)
+        return false;
+    QQuickItem *focusItem = nullptr;
+    if (popupItem && popupItem->window())
+        focusItem = popupItem->window()->activeFocusItem();
+    if (!focusItem)
+        return true;
+
+    const QQuickItem *next = focusItem->nextItemInFocusChain(forward);
+    if (next == popupItem || isInsidePopup(next))
+        return false;
+
+    QQuickItem *farthest = nullptr;
+    QQuickItem *candidate = focusItem->nextItemInFocusChain(!forward);
+    for (int stops = 0; stops < kMostTabStops; ++stops) {
+        if (!candidate || candidate == focusItem || !isInsidePopup(candidate))
+            break;
+        farthest = candidate;
+        candidate = candidate->nextItemInFocusChain(!forward);
+    }
+    if (farthest)
+        farthest->forceActiveFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+// --- The public class ---------------------------------------------------------------------------
+
+PopupAnchor::PopupAnchor(QQuickItem *parent)
+    : QQuickItem(parent), d(std::make_unique<PopupAnchorPrivate>(this))
+{
+}
+
+PopupAnchor::~PopupAnchor()
+{
+    if (d->popupItem)
+        d->releasePopupItem();
+}
+
+QQmlComponent *PopupAnchor::popup() const
+{
+    return d->popup;
+}
+
+void PopupAnchor::setPopup(QQmlComponent *component)
+{
+    if (!assign(d->popup, component))
+        return;
+    if (d->popupCreationPolicy == InstantCreation || d->popupItem) {
+        const QPointer<PopupAnchor> guard(this);
+        d->createPopupItem();
+        if (!guard)
+            return;
+        // An item that replaces the one on the screen is shown in its place.
+        if (d->popupVisible && d->popupItem)
+            d->present();
+        else if (d->onStack && !d->popupItem)
+            hide();
+        if (!guard)
+            return;
+    }
+    Q_EMIT popupChanged();
+}
+
+QQuickItem *PopupAnchor::popupItem() const
+{
+    return d->popupItem;
+}
+
+bool PopupAnchor::isPopupVisible() const
+{
+    return d->popupVisible;
+}
+
+bool PopupAnchor::isPersistent() const
+{
+    return d->persistent;
+}
+
+void PopupAnchor::setPersistent(bool persistent)
+{
+    if (assign(d->persistent, persistent))
+        Q_EMIT persistentChanged();
+}
+
+bool PopupAnchor::autoLayout() const
+{
+    return d->autoLayout;
+}
+
+void PopupAnchor::setAutoLayout(bool autoLayout)
+{
+    if (assign(d->autoLayout, autoLayout))
+        Q_EMIT autoLayoutChanged();
+}
+
+bool PopupAnchor::preventAutoScroll() const
+{
+    return d->preventAutoScroll;
+}
+
+void PopupAnchor::setPreventAutoScroll(bool prevent)
+{
+    if (assign(d->preventAutoScroll, prevent))
+        Q_EMIT preventAutoScrollChanged();
+}
+
+int PopupAnchor::distanceTop() const
+{
+    return d->distanceTop;
+}
+
+int PopupAnchor::distanceBottom() const
+{
+    return d->distanceBottom;
+}
+
+int PopupAnchor::distanceLeft() const
+{
+    return d->distanceLeft;
+}
+
+int PopupAnchor::distanceRight() const
+{
+    return d->distanceRight;
+}
+
+PopupAnchor::PopupCreationPolicy PopupAnchor::popupCreationPolicy() const
+{
+    return d->popupCreationPolicy;
+}
+
+void PopupAnchor::setPopupCreationPolicy(PopupCreationPolicy policy)
+{
+    if (!assign(d->popupCreationPolicy, policy))
+        return;
+    if (policy == OnDemandCreation) {
+        d->creationPending = d->creationPending && d->popupVisible;
+    } else if (!d->popupItem) {
+        const QPointer<PopupAnchor> guard(this);
+        d->createPopupItem();
+        if (!guard)
+            return;
+    }
+    Q_EMIT popupCreationPolicyChanged();
+}
+
+QQuickItem *PopupAnchor::triggerItem() const
+{
+    return d->triggerItem;
+}
+
+void PopupAnchor::setTriggerItem(QQuickItem *item)
+{
+    if (assign(d->triggerItem, item))
+        Q_EMIT triggerItemChanged();
+}
+
+QQuickItem *PopupAnchor::rootItem() const
+{
+    return d->popupItem;
+}
+
+void PopupAnchor::show()
+{
+    setPopupVisible(true);
+}
+
+void PopupAnchor::hide()
+{
+    setPopupVisible(false);
+}
+
+void PopupAnchor::componentComplete()
+{
+    QQuickItem::componentComplete();
+    d->resume();
+}
+
+void PopupAnchor::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    QQuickItem::itemChange(change, data);
+    if (change != ItemSceneChange)
+        return;
+    if (d->popupLayer)
+        d->popupLayer->setParentItem(data.window ? data.window->contentItem() : nullptr);
+    if (data.window)
+        d->resume();
+    else if (d->onStack)
+        hide();
+}
+
+} // namespace ta::ui
