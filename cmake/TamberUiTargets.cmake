@@ -15,6 +15,7 @@ function(tamber_target_defaults target)
         -Wall -Wextra -Wpedantic -Wshadow=local -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align)
     if(TAMBERUI_DEVELOPER_BUILD)
         target_compile_options(${target} PRIVATE -Werror)
+        target_compile_definitions(${target} PRIVATE QT_FORCE_ASSERTS)
     endif()
     if(TAMBERUI_SANITIZER)
         target_compile_options(${target} PRIVATE

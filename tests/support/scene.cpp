@@ -1,0 +1,101 @@
+#include "support/scene.h"
+
+#include <TamberUi/Module>
+
+#include <QtQml/QQmlComponent>
+#include <QtTest/QtTest>
+
+namespace ta::test {
+
+namespace {
+
+bool s_kit = false;
+
+QQuickItem *findItem(QQuickItem *item, const QString &objectName)
+{
+    if (item->objectName() == objectName)
+        return item;
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children) {
+        if (QQuickItem *found = findItem(child, objectName))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void Scene::useKit()
+{
+    s_kit = true;
+}
+
+QString Scene::imports()
+{
+    QString imports = QStringLiteral("import QtQuick 2.15\nimport QtQuick.Window 2.15\n");
+    if (s_kit)
+        imports += QLatin1String("import tamber.Ui 1.0\n");
+    return imports + QLatin1String("import tamber.Ui.Private 1.0\n");
+}
+
+Scene::Scene(const QString &body, const QSize &size)
+{
+    if (!s_kit) {
+        static const bool registered = (ta::ui::register_private(), true);
+        Q_UNUSED(registered)
+    }
+    m_window = std::make_unique<QQuickWindow>();
+    m_window->resize(size);
+
+    const QString document = QStringLiteral("Item { anchors.fill: parent\n") + body
+                             + QLatin1String("\n}");
+    std::unique_ptr<QObject> object = create(document);
+    auto *root = qobject_cast<QQuickItem *>(object.get());
+    if (!root)
+        return;
+    object.release();
+    root->setParent(m_window.get());
+    root->setParentItem(m_window->contentItem());
+    m_window->show();
+    m_window->requestActivate();
+    if (QTest::qWaitForWindowExposed(m_window.get()) && QTest::qWaitForWindowActive(m_window.get()))
+        m_root = root;
+}
+
+Scene::~Scene()
+{
+    destroyWindow();
+}
+
+std::unique_ptr<QObject> Scene::create(const QString &qml)
+{
+    QQmlComponent component(&m_engine);
+    component.setData((imports() + qml).toUtf8(), QUrl(QStringLiteral("qrc:/scene.qml")));
+    std::unique_ptr<QObject> object(component.create());
+    if (!object)
+        qWarning("%s", qPrintable(component.errorString()));
+    return object;
+}
+
+void Scene::destroyWindow()
+{
+    m_window.reset();
+}
+
+bool Scene::waitForFrame()
+{
+    QSignalSpy frames(m_window.get(), &QQuickWindow::frameSwapped);
+    m_window->update();
+    return frames.wait();
+}
+
+QObject *Scene::findObject(const QString &objectName) const
+{
+    if (!m_root)
+        return nullptr;
+    if (QObject *object = m_root->findChild<QObject *>(objectName))
+        return object;
+    return findItem(m_window->contentItem(), objectName);
+}
+
+} // namespace ta::test

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+
+namespace ta::test {
+
+/*!
+    Signals of several objects in one ordered list.
+
+    \code
+    SignalLog log;
+    log.watch(anchor, { "aboutToShow", "popupVisibleChanged" });
+    anchor->show();
+    QCOMPARE(log.take(), QStringList({ "aboutToShow", "popupVisibleChanged" }));
+    \endcode
+*/
+class SignalLog : public QObject
+{
+public:
+    /// Logs the signals called \a names of \a sender, each as \a prefix followed by its name. With
+    /// no names given: all the signals that its class and the bases up to QQuickItem declare.
+    void watch(QObject *sender, const QStringList &names = {}, const QString &prefix = {});
+
+    const QStringList &entries() const { return m_entries; }
+    /// The list so far; it is empty afterwards.
+    QStringList take();
+    int count(const QString &entry) const { return m_entries.count(entry); }
+
+    int qt_metacall(QMetaObject::Call call, int id, void **arguments) override;
+
+private:
+    QStringList m_watched;
+    QStringList m_entries;
+};
+
+} // namespace ta::test
