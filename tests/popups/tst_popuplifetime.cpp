@@ -405,7 +405,7 @@ void tst_PopupLifetime::engineGoes()
 void tst_PopupLifetime::heap()
 {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    QSKIP("a sanitizer's allocator has other numbers");
+    QSKIP("A sanitizer's allocator does not tell its numbers; the run without one does this test");
 #endif
     Scene scene(kAnchor);
     QVERIFY(scene.isValid());

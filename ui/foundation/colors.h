@@ -19,7 +19,8 @@ class TAMBERUI_EXPORT Colors : public QObject
     Q_OBJECT
 
 public:
-    enum Color {
+    // The type is fixed, since QML may pass any number.
+    enum Color : int {
         White,
         HeaderGrey4,
         TimeTableHover,

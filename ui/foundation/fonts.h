@@ -24,7 +24,8 @@ class TAMBERUI_EXPORT Fonts : public QObject
     Q_OBJECT
 
 public:
-    enum Font {
+    // The type is fixed, since QML may pass any number.
+    enum Font : int {
         Light,
         Regular,
         RegularCapitalized,

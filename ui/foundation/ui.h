@@ -14,12 +14,12 @@ class TAMBERUI_EXPORT Ui : public QObject
 
 public:
     /// What a tool button shows.
-    enum ToolButtonStyle { IconAndText = 0, IconOnly = 1 };
+    enum ToolButtonStyle : int { IconAndText = 0, IconOnly = 1 };
     Q_ENUM(ToolButtonStyle)
 
     /// How much weight a push button has. \c AutomaticPushButtonStyle leaves the choice to the
     /// place where the button is used.
-    enum PushButtonStyle {
+    enum PushButtonStyle : int {
         AutomaticPushButtonStyle = 0,
         PrimaryPushButtonStyle = 1,
         SecondaryPushButtonStyle = 2
@@ -27,7 +27,7 @@ public:
     Q_ENUM(PushButtonStyle)
 
     /// The icon of a message box.
-    enum MessageBoxIcon {
+    enum MessageBoxIcon : int {
         MessageBoxNoIcon = 0,
         MessageBoxOkIcon = 1,
         MessageBoxWarningIcon = 2,

@@ -62,6 +62,7 @@ public:
     QPointer<QQuickItem> popupLayer; // owned by the anchor
     QPointer<QQmlComponent> popup;
     QPointer<QQuickItem> popupItem; // owned by the anchor until it is released
+    QPointer<QQmlEngine> itemEngine; // of popupItem
     QPointer<QQuickItem> triggerItem;
     PopupAnchor::PopupCreationPolicy popupCreationPolicy = PopupAnchor::OnDemandCreation;
     int distanceTop = 0;
@@ -147,6 +148,7 @@ void PopupAnchorPrivate::createPopupItem()
 void PopupAnchorPrivate::adopt(QQuickItem *item)
 {
     popupItem = item;
+    itemEngine = qmlEngine(item);
     item->setEnabled(false);
     item->setParent(nullptr);
     item->setParentItem(popupLayer);
@@ -172,7 +174,7 @@ void PopupAnchorPrivate::releasePopupItem()
     popupItem.clear();
     QObject::disconnect(itemConnection);
     // An application may quit before the delay is over; the item then goes with its engine.
-    item->setParent(qmlEngine(item));
+    item->setParent(itemEngine);
     QTimer::singleShot(kReleaseDelay, item, &QObject::deleteLater);
 }
 

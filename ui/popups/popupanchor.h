@@ -58,7 +58,7 @@ class TAMBERUI_EXPORT PopupAnchor
 
 public:
     /// When the popup item lives.
-    enum PopupCreationPolicy {
+    enum PopupCreationPolicy : int {
         OnDemandCreation = 0, ///< from each show until 700 ms after the hide
         InstantCreation = 1 ///< from the moment there is a component, across hides
     };
