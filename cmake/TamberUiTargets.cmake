@@ -1,8 +1,9 @@
 # What every target of this project has in common, and how resource bundles are compiled into one.
 
-# qmlcachegen comes with Qt's tools but has no imported target in Qt 5.
+# These come with Qt's tools but have no imported targets in Qt 5.
 get_target_property(qmake_path Qt5::qmake IMPORTED_LOCATION)
 get_filename_component(qt_tools_dir "${qmake_path}" DIRECTORY)
+find_program(TAMBERUI_QMLPLUGINDUMP qmlplugindump HINTS "${qt_tools_dir}" /usr/lib/qt5/bin)
 find_program(TAMBERUI_QMLCACHEGEN qmlcachegen HINTS "${qt_tools_dir}" /usr/lib/qt5/bin REQUIRED)
 
 # Compiler settings for one of our own targets; nothing of it reaches the targets that link to it.

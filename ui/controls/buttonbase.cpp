@@ -5,6 +5,8 @@
 #include <QtCore/QPointer>
 #include <QtQuick/QQuickWindow>
 
+#include <utility>
+
 namespace ta::ui {
 
 class ButtonBasePrivate
@@ -14,14 +16,18 @@ public:
 
     void setHovered(bool value)
     {
-        if (assign(hovered, value))
-            Q_EMIT q->hoveredChanged();
+        if (!assign(hovered, value))
+            return;
+        watchEnabled();
+        Q_EMIT q->hoveredChanged();
     }
 
     void setPressed(bool value)
     {
-        if (assign(pressed, value))
-            Q_EMIT q->pressedChanged();
+        if (!assign(pressed, value))
+            return;
+        watchEnabled();
+        Q_EMIT q->pressedChanged();
     }
 
     // Hovered first; a handler of its signal may destroy the button.
@@ -33,6 +39,7 @@ public:
             setPressed(pressedValue);
     }
 
+    void watchEnabled();
     void takeFocus();
 
     ButtonBase *const q;
@@ -43,6 +50,7 @@ public:
     bool down = false;
     bool pressFromDoubleClick = false;
     bool interactive = true;
+    bool watchesEnabled = false;
 };
 
 namespace {
@@ -53,6 +61,15 @@ bool isActivationKey(int key)
 }
 
 } // namespace
+
+// Disabling ends hover and press, so a button that never saw either needs no connection; the first
+// one to a signal of QQuickItem costs more memory than all the rest of the button.
+void ButtonBasePrivate::watchEnabled()
+{
+    if (std::exchange(watchesEnabled, true))
+        return;
+    QObject::connect(q, &QQuickItem::enabledChanged, q, &ButtonBase::enabledChange);
+}
 
 void ButtonBasePrivate::takeFocus()
 {
@@ -74,7 +91,6 @@ ButtonBase::ButtonBase(QQuickItem *parent)
     setAcceptedMouseButtons(Qt::LeftButton);
     setAcceptHoverEvents(true);
     setActiveFocusOnTab(true);
-    connect(this, &QQuickItem::enabledChanged, this, &ButtonBase::enabledChange);
 }
 
 ButtonBase::~ButtonBase() = default;

@@ -1,0 +1,88 @@
+#include "comparison.h"
+#include "rows.h"
+#include "stage.h"
+
+#include <TamberUi/Module>
+
+#include <QtCore/QFileInfo>
+#include <QtGui/QGuiApplication>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <sched.h>
+
+namespace {
+
+constexpr const char *kUsage = R"(Measures TamberUi beside what a user would pick instead.
+Usage: tamberui-bench [--json FILE] [--strict] [--benchmark_...]
+  --json FILE                   where the results go besides the table
+                                (build/bench/results.json in the working directory)
+  --strict                      exit with 1 when a goal is missed
+  --benchmark_filter=REGEX      only the rows whose names match
+  --benchmark_repetitions=N     instead of 21
+)";
+
+// Moving to another processor in the middle of a measurement costs it the caches.
+void stayOnOneProcessor()
+{
+    cpu_set_t processors;
+    CPU_ZERO(&processors);
+    CPU_SET(sched_getcpu(), &processors);
+    if (sched_setaffinity(0, sizeof processors, &processors) != 0)
+        std::perror("tamberui-bench: cannot stay on one processor");
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    stayOnOneProcessor();
+    bench::Stage::prepare();
+    QGuiApplication application(argc, argv);
+
+    QString json = QStringLiteral("build/bench/results.json");
+    bool strict = false;
+    char repetitions[] = "--benchmark_repetitions=21";
+    char interleaving[] = "--benchmark_enable_random_interleaving=true";
+    std::vector<char *> rest = { argv[0], repetitions, interleaving };
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray argument(argv[i]);
+        if (argument == "--strict") {
+            strict = true;
+        } else if (argument == "--json" && i + 1 < argc) {
+            json = QString::fromLocal8Bit(argv[++i]);
+        } else if (argument == "--help") {
+            std::fputs(kUsage, stdout);
+            return 0;
+        } else {
+            rest.push_back(argv[i]);
+        }
+    }
+    int restCount = int(rest.size());
+    benchmark::Initialize(&restCount, rest.data());
+    if (benchmark::ReportUnrecognizedArguments(restCount, rest.data()))
+        return 2;
+
+    ta::ui::register_private();
+    const bench::Rows rows = bench::buttonRows() + bench::popupRows();
+    bench::Stage stage;
+    const bench::Results results = bench::compare(rows, stage);
+    if (results.isEmpty()) {
+        std::fputs("tamberui-bench: no row was measured\n", stderr);
+        return 2;
+    }
+
+    std::fputs(qPrintable(bench::table(results, stage)), stdout);
+    const QString path = QFileInfo(json).absoluteFilePath();
+    if (!bench::writeJson(path, results, stage)) {
+        std::fprintf(stderr, "tamberui-bench: cannot write %s\n", qPrintable(path));
+        return 2;
+    }
+    std::printf("\nEvery repetition: %s\n", qPrintable(path));
+
+    const bool allMet = std::all_of(results.begin(), results.end(),
+                                    [](const bench::Result &result) { return result.isMet(); });
+    return strict && !allMet ? 1 : 0;
+}

@@ -1,0 +1,125 @@
+#include "measures.h"
+
+#include "stage.h"
+
+#include <QtCore/QMetaMethod>
+#include <QtCore/QPointer>
+#include <QtQuick/QQuickItem>
+
+#include <malloc.h>
+
+namespace bench {
+
+namespace {
+
+constexpr int kWarmUps = 50;
+constexpr int kTimedObjects = 500;
+constexpr int kWeighedObjects = 1000;
+constexpr int kOpenings = 10;
+constexpr QPoint kPopupPixel(100, 295);
+
+double heapInUse()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return double(info.uordblks) + double(info.hblkhd);
+}
+
+// What \a counter counts while \a count objects are created, for one of them.
+double perObject(Stage &stage, const QByteArray &qml, int count, double (*counter)())
+{
+    stage.settle();
+    const auto component = stage.compile(qml);
+    QQuickItem parent(stage.window().contentItem());
+    std::vector<std::unique_ptr<QObject>> objects;
+    objects.reserve(count);
+    const auto create = [&](int number) {
+        for (int i = 0; i < number; ++i)
+            objects.emplace_back(stage.create(*component, &parent));
+    };
+    create(kWarmUps);
+    objects.clear();
+
+    const double before = counter();
+    create(count);
+    return (counter() - before) / count;
+}
+
+QQuickItem *findContent(QQuickItem *item)
+{
+    if (item->isVisible() && item->objectName() == QLatin1String("content"))
+        return item;
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children) {
+        if (QQuickItem *content = findContent(child))
+            return content;
+    }
+    return nullptr;
+}
+
+void call(QObject *object, const char *method)
+{
+    if (!QMetaObject::invokeMethod(object, method))
+        qFatal("%s has no method %s", object->metaObject()->className(), method);
+}
+
+// A timing of a frame that shows something else would be worthless.
+void openVerified(Stage &stage, QObject *popup, const char *method)
+{
+    QColor seen;
+    const auto connection = QObject::connect(&stage.window(), &QQuickWindow::afterRendering,
+                                             [&] { seen = stage.pixel(kPopupPixel); });
+    stage.untilFrame([&] { call(popup, method); });
+    QObject::disconnect(connection);
+    if (seen != QColor(QLatin1String(kPopupColor)))
+        qFatal("%s: the frame after %s() does not show it", popup->metaObject()->className(),
+               method);
+}
+
+double timeOpenings(Stage &stage, const Popup &kind, Opening which)
+{
+    const auto component = stage.compile(kind.qml);
+    QQuickItem parent(stage.window().contentItem());
+    std::unique_ptr<QObject> popup;
+    QVector<QPointer<QQuickItem>> contents;
+    QVector<double> times;
+    for (int i = 0; i <= kOpenings; ++i) {
+        if (!popup || which == Opening::First)
+            popup.reset(stage.create(*component, &parent));
+        stage.settle();
+        if (i == 0)
+            openVerified(stage, popup.get(), kind.open);
+        else
+            times.append(stage.untilFrame([&] { call(popup.get(), kind.open); }));
+        contents.append(findContent(stage.window().contentItem()));
+        if (!contents.last())
+            qFatal("%s has no content", popup->metaObject()->className());
+        stage.untilFrame([&] { call(popup.get(), kind.close); });
+    }
+
+    // Content may outlive its popup for the time of an animation; no later measurement shall pay
+    // for its end.
+    popup.reset();
+    for (const QPointer<QQuickItem> &content : qAsConst(contents))
+        delete content;
+    stage.settle();
+    return median(times);
+}
+
+} // namespace
+
+Measure creationTime(const QByteArray &qml)
+{
+    return [qml](Stage &stage) { return perObject(stage, qml, kTimedObjects, threadTime); };
+}
+
+Measure creationHeap(const QByteArray &qml)
+{
+    return [qml](Stage &stage) { return perObject(stage, qml, kWeighedObjects, heapInUse); };
+}
+
+Measure openingTime(const Popup &popup, Opening which)
+{
+    return [popup, which](Stage &stage) { return timeOpenings(stage, popup, which); };
+}
+
+} // namespace bench

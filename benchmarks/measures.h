@@ -1,0 +1,32 @@
+#pragma once
+
+#include "comparison.h"
+
+#include <QtCore/QByteArray>
+
+namespace bench {
+
+// What a row can measure. QML is a whole document with its imports.
+
+/// Microseconds of the GUI thread to create one object inside a shown window.
+Measure creationTime(const QByteArray &qml);
+
+/// Bytes of heap that one object inside a shown window takes.
+Measure creationHeap(const QByteArray &qml);
+
+/// A popup whose visible part is an item with the object name "content".
+struct Popup
+{
+    QByteArray qml;
+    const char *open; ///< names of its methods
+    const char *close;
+};
+enum class Opening { First, Later };
+
+/// Microseconds from the call that opens a popup to the end of the frame that shows it.
+Measure openingTime(const Popup &popup, Opening which);
+
+/// What the content of a popup must be where no text is, for instance at its lower edge.
+constexpr const char *kPopupColor = "#3366cc";
+
+} // namespace bench

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "comparison.h"
+
+namespace bench {
+
+// One function per bench_<theme>.cpp; main() puts their rows into one table.
+Rows buttonRows();
+Rows popupRows();
+
+} // namespace bench

@@ -1,0 +1,101 @@
+// The drop-down list of a UiComboBox. Part of the kit's own controls.
+import QtQuick 2.15
+import tamber.Ui 1.0
+
+Rectangle {
+    id: root
+
+    property Item comboBox
+
+    readonly property int rowHeight: 28
+    readonly property int maximumRows: 12
+
+    function reveal(index) {
+        view.positionViewAtIndex(index, ListView.Contain)
+    }
+
+    width: comboBox.width
+    implicitHeight: Math.min(comboBox.count, maximumRows) * rowHeight + 10
+    border.color: UiColors.getColor(UiColors.MediumLightGrey27)
+    border.width: 1
+    color: UiColors.getColor(UiColors.White)
+    opacity: enabled ? 1 : 0
+    radius: 3
+
+    Accessible.role: Accessible.List
+
+    Keys.forwardTo: [comboBox]
+
+    Behavior on opacity {
+        NumberAnimation {
+            duration: 80
+        }
+    }
+
+    ListView {
+        id: view
+
+        anchors.fill: parent
+        anchors.topMargin: 5
+        anchors.bottomMargin: 5
+        anchors.leftMargin: 1
+        anchors.rightMargin: 1
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        model: root.comboBox.model
+
+        delegate: Rectangle {
+            id: row
+
+            readonly property bool highlighted: root.comboBox.highlightedIndex === index
+            readonly property string text: root.comboBox.textAt(index)
+
+            width: view.width
+            height: root.rowHeight
+            color: highlighted ? UiColors.getColor(mouse.pressed ? UiColors.SelectionGreen : UiColors.HoverGreen)
+                               : UiColors.getColor(UiColors.White)
+            objectName: root.comboBox.objectName === "" ? "" : root.comboBox.objectName + "Item" + index
+
+            Accessible.role: Accessible.ListItem
+            Accessible.name: text
+            Accessible.selectable: true
+            Accessible.selected: index === root.comboBox.currentIndex
+            Accessible.onPressAction: root.comboBox.choose(index)
+
+            UiText {
+                x: 11
+                width: row.width - 22
+                height: row.height
+                elide: Text.ElideRight
+                font: UiFonts.getFont(index === root.comboBox.currentIndex ? UiFonts.SemiBold : UiFonts.Regular, 14)
+                highlight: row.highlighted
+                text: row.text
+
+                Accessible.ignored: true
+            }
+
+            MouseArea {
+                id: mouse
+
+                anchors.fill: parent
+                hoverEnabled: true
+
+                onClicked: root.comboBox.choose(index)
+                onEntered: root.comboBox.highlightedIndex = index
+            }
+        }
+
+        onHeightChanged: positionViewAtIndex(Math.max(0, root.comboBox.highlightedIndex), ListView.Contain)
+    }
+
+    // Where the visible rows are among all.
+    Rectangle {
+        x: root.width - width - 3
+        y: view.y + Math.round(view.visibleArea.yPosition * view.height)
+        width: 4
+        height: Math.round(view.visibleArea.heightRatio * view.height)
+        color: UiColors.getColor(UiColors.ControlGrey20)
+        radius: 2
+        visible: view.visibleArea.heightRatio < 1
+    }
+}

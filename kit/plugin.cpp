@@ -1,0 +1,81 @@
+#include "plugin.h"
+
+#include <TamberUi/Colors>
+#include <TamberUi/Fonts>
+#include <TamberUi/Logging>
+#include <TamberUi/Module>
+#include <TamberUi/Ui>
+
+#include <QtGui/QFont>
+#include <QtGui/QFontDatabase>
+#include <QtQml/qqml.h>
+#include <QtQuick/QQuickItem>
+
+using namespace ta::ui;
+
+namespace {
+
+// The fonts of the design ask for a family of its own name; Lato stands in for it, unless the host
+// has installed that family.
+void provideFontFamily()
+{
+    const QString family = QStringLiteral("Ta_Lato");
+    const QString standIn = QStringLiteral("Lato");
+    const QStringList families = QFontDatabase().families();
+    if (families.contains(family))
+        return;
+    if (!families.contains(standIn))
+        qCWarning(lcUi, "The font family Lato is not installed; texts use a fallback");
+    QFont::insertSubstitution(family, standIn);
+}
+
+// Each engine has an instance of its own, which it owns.
+template <typename Names>
+QObject *createNames(QQmlEngine *, QJSEngine *)
+{
+    return new Names;
+}
+
+void registerPublic(const char *uri)
+{
+    constexpr int major = 1;
+    constexpr int minor = 0;
+
+    qmlRegisterRevision<QQuickItem, 11>(uri, major, minor);
+    qmlRegisterSingletonType<Colors>(uri, major, minor, "UiColors", createNames<Colors>);
+    qmlRegisterSingletonType<Fonts>(uri, major, minor, "UiFonts", createNames<Fonts>);
+    qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
+                                   QStringLiteral("Ui only has enumerations"));
+
+    for (const char *control : {
+             "UiCheckBox",
+             "UiComboBox",
+             "UiHorizontalSeparator",
+             "UiInfoTip",
+             "UiLoadIndicator",
+             "UiPushButton",
+             "UiText",
+             "UiToolButton",
+         }) {
+        const QUrl url(QLatin1String("qrc:/tamber/Ui/") + QLatin1String(control)
+                       + QLatin1String(".qml"));
+        qmlRegisterType(url, uri, major, minor, control);
+    }
+}
+
+} // namespace
+
+// QML lets registerTypes() add to the module that is being imported and to no other.
+TamberUiKitPlugin::TamberUiKitPlugin(QObject *parent) : QQmlExtensionPlugin(parent)
+{
+    register_private();
+}
+
+TamberUiKitPlugin::~TamberUiKitPlugin() = default;
+
+void TamberUiKitPlugin::registerTypes(const char *uri)
+{
+    Q_ASSERT(qstrcmp(uri, "tamber.Ui") == 0);
+    provideFontFamily();
+    registerPublic(uri);
+}

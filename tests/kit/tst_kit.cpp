@@ -1,0 +1,425 @@
+#include "support/input.h"
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/ButtonBase>
+#include <TamberUi/PopupAnchor>
+#include <TamberUi/PopupStack>
+
+#include <QtGui/QAccessible>
+#include <QtGui/QFontInfo>
+#include <QtQml/QQmlProperty>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+class tst_Kit : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void registration();
+    void secondEngine();
+    void fontFamily();
+    void statesLookDifferent_data();
+    void statesLookDifferent();
+    void accessibility_data();
+    void accessibility();
+    void loadIndicatorRests();
+    void comboBoxTexts_data();
+    void comboBoxTexts();
+    void comboBoxKeys();
+    void comboBoxTypeAhead();
+    void comboBoxPointer();
+    void comboBoxWheel();
+    void comboBoxBadIndexes();
+    void infoTip_data();
+    void infoTip();
+};
+
+namespace {
+
+const QString kComboBox = QStringLiteral(
+    "UiComboBox { objectName: 'combo'; x: 100; y: 100; currentIndex: 1\n"
+    "model: ['Apple', 'Banana', 'Blackberry', 'Cherry', 'Damson']; placeholder: 'Fruit' }");
+
+int currentIndex(const QObject *combo)
+{
+    return combo->property("currentIndex").toInt();
+}
+
+bool isOpen(const QObject *combo)
+{
+    return combo->property("popupVisible").toBool();
+}
+
+} // namespace
+
+void tst_Kit::initTestCase()
+{
+    Scene::useKit();
+}
+
+void tst_Kit::registration()
+{
+    Scene scene(QStringLiteral(
+        "property int style: Ui.SecondaryPushButtonStyle\n"
+        "property color ink: UiColors.getColor(UiColors.DarkGrey80)\n"
+        "UiText {} UiPushButton {} UiToolButton {} UiCheckBox {} UiHorizontalSeparator {}\n"
+        "UiLoadIndicator { running: false } UiComboBox {} UiInfoTip {} UiPopupAnchor {}"));
+    QVERIFY(scene.isValid());
+    QCOMPARE(scene.root()->property("style").toInt(), 2);
+    QCOMPARE(scene.root()->property("ink").value<QColor>(), QColor(0x33, 0x33, 0x33));
+    QCOMPARE(scene.root()->childItems().count(), 9);
+}
+
+// Engines share nothing that dies with one of them.
+void tst_Kit::secondEngine()
+{
+    const QString body = QStringLiteral("UiPushButton { objectName: 'button'; text: 'OK' }")
+                         + kComboBox;
+    Scene first(body);
+    QVERIFY(first.isValid());
+    {
+        Scene second(body);
+        QVERIFY(second.isValid());
+        QMetaObject::invokeMethod(second.find("combo"), "show");
+        QVERIFY(isOpen(second.find("combo")));
+    }
+    QVERIFY(!PopupStack::top());
+    QMetaObject::invokeMethod(first.find("combo"), "show");
+    QVERIFY(isOpen(first.find("combo")));
+    QTest::keyClick(first.window(), Qt::Key_Escape);
+}
+
+void tst_Kit::fontFamily()
+{
+    Scene scene(QStringLiteral("property font light: UiFonts.getFont(UiFonts.Light, 20)\n"
+                               "property font regular: UiFonts.getFont(UiFonts.Regular, 20)\n"
+                               "property font semiBold: UiFonts.getFont(UiFonts.SemiBold, 20)\n"
+                               "property font italic: UiFonts.getFont(UiFonts.LightItalic, 20)"));
+    QVERIFY(scene.isValid());
+    const struct
+    {
+        const char *name;
+        int weight;
+        bool italic;
+    } rows[] = {
+        { "light", QFont::Light, false },
+        { "regular", QFont::Normal, false },
+        { "semiBold", QFont::DemiBold, false },
+        { "italic", QFont::Light, true },
+    };
+    for (const auto &row : rows) {
+        const QFontInfo info(scene.root()->property(row.name).value<QFont>());
+        QVERIFY2(info.family().startsWith(QLatin1String("Lato")), qPrintable(info.family()));
+        QCOMPARE(info.weight(), row.weight);
+        QCOMPARE(info.italic(), row.italic);
+    }
+}
+
+void tst_Kit::statesLookDifferent_data()
+{
+    QTest::addColumn<QString>("control");
+    QTest::newRow("primary") << QStringLiteral("UiPushButton { text: 'Go' ");
+    QTest::newRow("secondary") << QStringLiteral(
+        "UiPushButton { text: 'Go'; style: Ui.SecondaryPushButtonStyle ");
+    QTest::newRow("tool") << QStringLiteral(
+        "UiToolButton { text: 'Go'; iconSource: 'qrc:/ui/images/checkmark.png' ");
+    QTest::newRow("check") << QStringLiteral("UiCheckBox { text: 'Go' ");
+    QTest::newRow("combo") << QStringLiteral("UiComboBox { model: ['Go']; currentIndex: 0 ");
+}
+
+// Normal, hovered, pressed, focused and disabled can be told apart by the picture alone.
+void tst_Kit::statesLookDifferent()
+{
+    QFETCH(QString, control);
+    Scene scene(QStringLiteral("Rectangle { anchors.fill: parent }") + control
+                    + QStringLiteral("; objectName: 'control'; x: 50; y: 20 }"),
+                QSize(300, 100));
+    QVERIFY(scene.isValid());
+    auto *button = scene.find<ButtonBase>("control");
+    QHash<QByteArray, QImage> pictures;
+    const auto take = [&](const QByteArray &state) {
+        pictures.insert(state, scene.window()->grabWindow());
+    };
+    move(scene.window(), QPoint(5, 5));
+    take("normal");
+    move(scene.window(), center(button));
+    QVERIFY(button->hovered());
+    take("hovered");
+    button->setDown(true);
+    take("down");
+    button->setDown(false);
+    move(scene.window(), QPoint(5, 5));
+    button->forceActiveFocus();
+    take("focused");
+    button->setFocus(false);
+    button->setEnabled(false);
+    take("disabled");
+    const QList<QByteArray> states = pictures.keys();
+    for (int i = 0; i < states.count(); ++i) {
+        for (int j = i + 1; j < states.count(); ++j)
+            QVERIFY2(pictures.value(states.at(i)) != pictures.value(states.at(j)),
+                     QByteArray(states.at(i) + " looks like " + states.at(j)).constData());
+    }
+}
+
+void tst_Kit::accessibility_data()
+{
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<QAccessible::Role>("role");
+    QTest::addColumn<QString>("action");
+    QTest::newRow("push") << QStringLiteral("UiPushButton { text: 'Name' ") << QAccessible::Button
+                          << QAccessibleActionInterface::pressAction();
+    QTest::newRow("tool") << QStringLiteral("UiToolButton { text: 'Name'; style: Ui.IconOnly ")
+                          << QAccessible::Button << QAccessibleActionInterface::pressAction();
+    QTest::newRow("check") << QStringLiteral("UiCheckBox { text: 'Name' ") << QAccessible::CheckBox
+                           << QAccessibleActionInterface::toggleAction();
+    QTest::newRow("combo") << QStringLiteral("UiComboBox { placeholder: 'Name'; model: 3 ")
+                           << QAccessible::ComboBox << QAccessibleActionInterface::pressAction();
+}
+
+// Assistive tools read the name and the state, and what they press acts.
+void tst_Kit::accessibility()
+{
+    QFETCH(QString, control);
+    QFETCH(QAccessible::Role, role);
+    QFETCH(QString, action);
+    Scene scene(control + QStringLiteral("; objectName: 'control' }"));
+    QVERIFY(scene.isValid());
+    auto *item = scene.find("control");
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(item);
+    QVERIFY(accessible);
+    QCOMPARE(accessible->role(), role);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Name"));
+    QVERIFY(accessible->state().focusable);
+    QCOMPARE(bool(accessible->state().checkable), role == QAccessible::CheckBox);
+
+    SignalLog log;
+    log.watch(item, { QStringLiteral("clicked"), QStringLiteral("downChanged") });
+    accessible->actionInterface()->doAction(action);
+    QCOMPARE(log.entries().count(), 1);
+    if (role == QAccessible::CheckBox)
+        QVERIFY(accessible->state().checked);
+}
+
+void tst_Kit::loadIndicatorRests()
+{
+    Scene scene(QStringLiteral("UiLoadIndicator { objectName: 'indicator'; running: false }"));
+    QVERIFY(scene.isValid());
+    auto *indicator = scene.find("indicator");
+    const auto framesOfAMoment = [&] {
+        QTest::qWait(50);
+        QSignalSpy frames(scene.window(), &QQuickWindow::frameSwapped);
+        QTest::qWait(200);
+        return frames.count();
+    };
+    QCOMPARE(framesOfAMoment(), 0);
+    indicator->setProperty("running", true);
+    QVERIFY(framesOfAMoment() > 1);
+    indicator->setVisible(false);
+    QCOMPARE(framesOfAMoment(), 0);
+}
+
+void tst_Kit::comboBoxTexts_data()
+{
+    QTest::addColumn<QString>("properties");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("count");
+    QTest::newRow("list") << QStringLiteral("model: ['a', 'b']; currentIndex: 1")
+                          << QStringLiteral("b") << 2;
+    QTest::newRow("number") << QStringLiteral("model: 5; currentIndex: 4") << QStringLiteral("4")
+                            << 5;
+    QTest::newRow("model") << QStringLiteral(
+        "textRole: 'name'; currentIndex: 1; model: ListModel {"
+        "ListElement { name: 'x' } ListElement { name: 'y' } }")
+                           << QStringLiteral("y") << 2;
+    QTest::newRow("none") << QStringLiteral("model: ['a']") << QString() << 1;
+    QTest::newRow("empty") << QStringLiteral("currentIndex: 0") << QString() << 0;
+    QTest::newRow("wrong role") << QStringLiteral(
+        "textRole: 'nothing'; currentIndex: 0; model: ListModel {"
+        "ListElement { name: 'x' } }")
+                                << QString() << 1;
+}
+
+void tst_Kit::comboBoxTexts()
+{
+    QFETCH(QString, properties);
+    Scene scene(QStringLiteral("UiComboBox { objectName: 'combo'; %1 }").arg(properties));
+    QVERIFY(scene.isValid());
+    const auto *combo = scene.find("combo");
+    QTEST(combo->property("currentText").toString(), "text");
+    QTEST(combo->property("count").toInt(), "count");
+}
+
+void tst_Kit::comboBoxKeys()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    combo->forceActiveFocus();
+    SignalLog log;
+    log.watch(combo, { QStringLiteral("activated") });
+    const auto key = [&](Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(scene.window(), code, modifiers);
+    };
+
+    // Closed: the keys change the value.
+    key(Qt::Key_Down);
+    QCOMPARE(currentIndex(combo), 2);
+    key(Qt::Key_End);
+    key(Qt::Key_Down);
+    QCOMPARE(currentIndex(combo), 4);
+    key(Qt::Key_Home);
+    key(Qt::Key_Up);
+    QCOMPARE(currentIndex(combo), 0);
+    QCOMPARE(log.take().count(), 3);
+
+    // Every way to open it; the value stays until something is chosen.
+    const QPair<Qt::Key, Qt::KeyboardModifiers> openers[] = {
+        { Qt::Key_Space, Qt::NoModifier },
+        { Qt::Key_Return, Qt::NoModifier },
+        { Qt::Key_F4, Qt::NoModifier },
+        { Qt::Key_Down, Qt::AltModifier },
+    };
+    for (const auto &opener : openers) {
+        key(opener.first, opener.second);
+        QVERIFY(isOpen(combo));
+        key(Qt::Key_Down);
+        QCOMPARE(currentIndex(combo), 0);
+        key(Qt::Key_Escape);
+        QVERIFY(!isOpen(combo));
+        QVERIFY(combo->hasActiveFocus());
+    }
+    QCOMPARE(log.take(), QStringList());
+    key(Qt::Key_Space);
+    key(Qt::Key_Down);
+    key(Qt::Key_PageDown);
+    key(Qt::Key_Up);
+    key(Qt::Key_Space);
+    QVERIFY(!isOpen(combo));
+    QCOMPARE(currentIndex(combo), 3);
+    QCOMPARE(log.take().count(), 1);
+}
+
+void tst_Kit::comboBoxTypeAhead()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    combo->forceActiveFocus();
+    QTest::keyClick(scene.window(), Qt::Key_D);
+    QCOMPARE(currentIndex(combo), 4);
+    combo->setProperty("typedAt", 0); // a second later
+    QTest::keyClick(scene.window(), Qt::Key_B);
+    QTest::keyClick(scene.window(), Qt::Key_L);
+    QCOMPARE(currentIndex(combo), 2);
+    combo->setProperty("typedAt", 0);
+    for (int expected : { 1, 2, 1 }) { // the same letter walks through its rows
+        QTest::keyClick(scene.window(), Qt::Key_B);
+        QCOMPARE(currentIndex(combo), expected);
+    }
+    QTest::keyClick(scene.window(), Qt::Key_X);
+    QCOMPARE(currentIndex(combo), 1);
+}
+
+void tst_Kit::comboBoxPointer()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    click(scene.window(), center(combo));
+    QVERIFY(isOpen(combo));
+    auto *row = scene.find("comboItem3");
+    QVERIFY(row);
+    click(scene.window(), center(row));
+    QVERIFY(!isOpen(combo));
+    QCOMPARE(currentIndex(combo), 3);
+    QCOMPARE(combo->property("currentText").toString(), QStringLiteral("Cherry"));
+
+    // The press that closes the list is not one that opens it.
+    click(scene.window(), center(combo));
+    QVERIFY(isOpen(combo));
+    click(scene.window(), center(combo));
+    QVERIFY(!isOpen(combo));
+}
+
+void tst_Kit::comboBoxWheel()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    wheel(scene.window(), center(combo), -1);
+    QCOMPARE(currentIndex(combo), 1);
+    combo->forceActiveFocus();
+    wheel(scene.window(), center(combo), -1);
+    QCOMPARE(currentIndex(combo), 2);
+    wheel(scene.window(), center(combo), 5);
+    QCOMPARE(currentIndex(combo), 0);
+}
+
+void tst_Kit::comboBoxBadIndexes()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    for (int index : { -7, 5, 1000000 }) {
+        combo->setProperty("currentIndex", index);
+        QCOMPARE(combo->property("currentText").toString(), QString());
+        QMetaObject::invokeMethod(combo, "show");
+        QMetaObject::invokeMethod(combo, "hide");
+    }
+    combo->setProperty("currentIndex", 2);
+    QMetaObject::invokeMethod(combo, "show");
+    combo->setProperty("model", QStringList { QStringLiteral("Only") }); // while the list is open
+    QTest::keyClick(scene.window(), Qt::Key_Return);
+    QVERIFY(!isOpen(combo));
+    QCOMPARE(combo->property("currentText").toString(), QString());
+}
+
+void tst_Kit::infoTip_data()
+{
+    QTest::addColumn<QPoint>("position");
+    QTest::addColumn<bool>("above");
+    QTest::newRow("middle") << QPoint(380, 280) << false;
+    QTest::newRow("top left") << QPoint(0, 0) << false;
+    QTest::newRow("top right") << QPoint(760, 0) << false;
+    QTest::newRow("bottom left") << QPoint(0, 576) << true;
+    QTest::newRow("bottom right") << QPoint(760, 576) << true;
+}
+
+// It lies inside the window, at the item, and its peak points at the item.
+void tst_Kit::infoTip()
+{
+    QFETCH(QPoint, position);
+    QFETCH(bool, above);
+    Scene scene(
+        QStringLiteral("Item { objectName: 'target'; x: %1; y: %2; width: 40; height: 24\n"
+                       "UiInfoTip { objectName: 'tip'; text: 'A hint that is long enough to "
+                       "need at least two lines, as hints do.' } }")
+            .arg(position.x())
+            .arg(position.y()));
+    QVERIFY(scene.isValid());
+    auto *anchor = scene.find<PopupAnchor>("tip");
+    anchor->show();
+    const QQuickItem *tip = anchor->popupItem();
+    QVERIFY(tip);
+    const QRectF area = tip->mapRectToScene(QRectF(QPointF(), tip->size()));
+    QVERIFY(QRectF(0, 0, 800, 600).contains(area));
+    QVERIFY(area.height() > 50);
+    QCOMPARE(above ? area.bottom() : area.top(), qreal(above ? position.y() : position.y() + 24));
+    const QList<QQuickItem *> children = tip->childItems();
+    const auto *peak = *std::find_if(children.begin(), children.end(), [](const QQuickItem *child) {
+        return child->property("source").isValid();
+    });
+    const qreal tipX = peak->mapToScene(QPointF(peak->width() / 2, 0)).x();
+    QVERIFY2(qAbs(tipX - (position.x() + 20)) <= 6, qPrintable(QString::number(tipX)));
+    QTest::keyClick(scene.window(), Qt::Key_Escape);
+    QVERIFY(!anchor->isPopupVisible());
+}
+
+TAMBER_TEST_MAIN(tst_Kit)
+#include "tst_kit.moc"
