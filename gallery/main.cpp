@@ -1,0 +1,107 @@
+#include "pages.h"
+#include "screenshots.h"
+#include "trace.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QDir>
+#include <QtGui/QGuiApplication>
+#include <QtQml/QQmlApplicationEngine>
+#include <QtQuick/QQuickWindow>
+
+#include <cstdio>
+
+namespace {
+
+enum ExitCode { Success = 0, Failure = 1, WrongUsage = 2 };
+
+struct Options
+{
+    QCommandLineOption page { QStringLiteral("page"), QStringLiteral("Start on the page NAME."),
+                              QStringLiteral("NAME") };
+    QCommandLineOption list { QStringLiteral("list"),
+                              QStringLiteral("Print the names of the pages and exit.") };
+    QCommandLineOption screenshots { QStringLiteral("screenshots"),
+                                     QStringLiteral("Render every page into the folder DIR and "
+                                                    "exit."),
+                                     QStringLiteral("DIR") };
+    QCommandLineOption trace { QStringLiteral("trace"),
+                               QStringLiteral("Print what happens in the window, one event a "
+                                              "line.") };
+};
+
+// The kit lies beside the installed program, or in the build tree that this program was built in.
+void addKitPath(QQmlEngine *engine)
+{
+    const QDir here(QCoreApplication::applicationDirPath());
+    for (const char *path : { GALLERY_INSTALLED_MODULES, GALLERY_BUILT_MODULES }) {
+        const QDir modules(here.filePath(QLatin1String(path)));
+        if (modules.exists(QStringLiteral("tamber/Ui/qmldir"))) {
+            engine->addImportPath(modules.canonicalPath());
+            return;
+        }
+    }
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QCoreApplication::setApplicationName(QStringLiteral("tamberui-gallery"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(GALLERY_VERSION));
+
+    const Options options;
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Shows what TamberUi has to offer."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({ options.page, options.list, options.screenshots, options.trace });
+
+    // What needs no screen is answered before there is one. Qt's own options are still among the
+    // arguments then, so complaints have to wait.
+    const QStringList names = pages::names();
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    parser.parse(arguments);
+    if (parser.isSet(options.list)) {
+        std::puts(qUtf8Printable(names.join(QLatin1Char('\n'))));
+        return Success;
+    }
+    const QString page = parser.isSet(options.page) ? parser.value(options.page) : names.first();
+    if (!names.contains(page)) {
+        std::fprintf(stderr, "tamberui-gallery: there is no page \"%s\"; the pages are: %s\n",
+                     qUtf8Printable(page), qUtf8Printable(names.join(QLatin1String(", "))));
+        return WrongUsage;
+    }
+
+    const QGuiApplication app(argc, argv);
+    parser.process(app);
+
+    Trace trace; // outlives the engine and with it the window
+    QQmlApplicationEngine engine;
+    addKitPath(&engine);
+    int complaints = 0;
+    QObject::connect(&engine, &QQmlEngine::warnings, &engine,
+                     [&](const QList<QQmlError> &warnings) { complaints += warnings.count(); });
+    engine.setInitialProperties(
+        { { QStringLiteral("pages"), pages::model() }, { QStringLiteral("currentPage"), page } });
+    engine.load(QUrl(QStringLiteral("qrc:/gallery/Main.qml")));
+    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
+    if (!window) {
+        std::fputs("tamberui-gallery: the screen could not be loaded\n", stderr);
+        return Failure;
+    }
+
+    if (parser.isSet(options.screenshots)) {
+        const bool complete = takeScreenshots(window, parser.value(options.screenshots));
+        return complete && complaints == 0 ? Success : Failure;
+    }
+    if (parser.isSet(options.trace)) {
+        trace.watch(window);
+        trace.setPage(page);
+        QObject::connect(window, SIGNAL(pageShown(QString)), &trace, SLOT(setPage(QString)));
+    }
+    return app.exec();
+}

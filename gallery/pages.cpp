@@ -1,0 +1,47 @@
+#include "pages.h"
+
+#include <QtCore/QUrl>
+
+namespace pages {
+
+namespace {
+
+struct Page
+{
+    const char *name;
+    const char *title;
+    const char *file; // in the folder pages
+};
+
+// A new page is a line here and a file there.
+constexpr Page kPages[] = {
+    { "colours-and-fonts", "Colours and fonts", "ColoursAndFonts.qml" },
+    { "buttons", "Buttons", "Buttons.qml" },
+    { "popups", "Popups", "Popups.qml" },
+};
+
+} // namespace
+
+QStringList names()
+{
+    QStringList names;
+    for (const Page &page : kPages)
+        names.append(QLatin1String(page.name));
+    return names;
+}
+
+QVariantList model()
+{
+    QVariantList model;
+    for (const Page &page : kPages) {
+        model.append(QVariantMap {
+            { QStringLiteral("name"), QLatin1String(page.name) },
+            { QStringLiteral("title"), QLatin1String(page.title) },
+            { QStringLiteral("source"),
+              QUrl(QLatin1String("qrc:/gallery/pages/") + QLatin1String(page.file)) },
+        });
+    }
+    return model;
+}
+
+} // namespace pages

@@ -1,0 +1,20 @@
+// A button that explains itself.
+//
+// tip: the explanation.
+import QtQuick 2.15
+import tamber.Ui 1.0
+
+UiToolButton {
+    property alias tip: infoTip.text
+
+    down: infoTip.popupVisible
+    iconSource: "qrc:/gallery/icons/info.png"
+
+    onClicked: infoTip.popupVisible = !infoTip.popupVisible
+
+    UiInfoTip {
+        id: infoTip
+
+        objectName: parent.objectName + "Tip"
+    }
+}

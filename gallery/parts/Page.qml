@@ -1,0 +1,107 @@
+// A page: a title, a sentence about it, and cards below each other that scroll where they are long.
+//
+// summary: the sentence.
+// footer: an item that stays at the lower edge, as wide as the page.
+import QtQuick 2.15
+import QtQuick.Window 2.15
+import tamber.Ui 1.0
+
+FocusScope {
+    id: root
+
+    property string title: ""
+    property string summary: ""
+    property alias footer: footerArea.data
+
+    default property alias content: cards.data
+
+    // The cards keep a readable width in a wide window.
+    readonly property int contentWidth: Math.min(width - 80, 1040)
+
+    function reveal(item) {
+        const top = item.mapToItem(flickable.contentItem, 0, 0).y
+        const bottom = top + item.height
+        const margin = 24
+        if (top - margin < flickable.contentY)
+            flickable.contentY = Math.max(0, top - margin)
+        else if (bottom + margin > flickable.contentY + flickable.height)
+            flickable.contentY = Math.min(flickable.contentHeight - flickable.height,
+                                          bottom + margin - flickable.height)
+    }
+
+    Connections {
+        function onActiveFocusItemChanged() {
+            for (let item = root.Window.activeFocusItem; item; item = item.parent) {
+                if (item === flickable.contentItem) {
+                    root.reveal(root.Window.activeFocusItem)
+                    return
+                }
+            }
+        }
+
+        target: root.Window.window
+    }
+
+    Flickable {
+        id: flickable
+
+        anchors.top: parent.top
+        anchors.bottom: footerArea.top
+        width: parent.width
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        contentHeight: body.height + 64
+
+        Column {
+            id: body
+
+            x: 40
+            y: 32
+            width: root.contentWidth
+            spacing: 24
+
+            Column {
+                width: parent.width
+                spacing: 8
+
+                UiText {
+                    font: UiFonts.getFont(UiFonts.Light, 28)
+                    text: root.title
+                }
+
+                UiText {
+                    width: parent.width
+                    color: UiColors.getColor(UiColors.MediumGrey45)
+                    text: root.summary
+                    wrapMode: Text.Wrap
+                }
+            }
+
+            Column {
+                id: cards
+
+                width: parent.width
+                spacing: 16
+            }
+        }
+    }
+
+    Rectangle {
+        anchors.right: parent.right
+        anchors.rightMargin: 4
+        y: flickable.y + Math.round(flickable.visibleArea.yPosition * flickable.height)
+        width: 4
+        height: Math.round(flickable.visibleArea.heightRatio * flickable.height)
+        color: UiColors.getColor(UiColors.ControlGrey20)
+        radius: 2
+        visible: flickable.visibleArea.heightRatio < 1
+    }
+
+    Item {
+        id: footerArea
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: childrenRect.height
+    }
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QtCore/QString>
+
+class QQuickWindow;
+
+/// Pictures of every page, in a folder that is made where it is missing: NAME.png, or NAME@2x.png
+/// where a logical pixel is two. Waits for the window to show. False, with a message, on failure.
+bool takeScreenshots(QQuickWindow *window, const QString &folder);

@@ -1,0 +1,147 @@
+#include "trace.h"
+
+#include <TamberUi/ButtonBase>
+#include <TamberUi/PopupAnchor>
+
+#include <cstdio>
+
+using namespace ta::ui;
+
+namespace {
+
+void tell(const QString &line)
+{
+    std::fputs(qUtf8Printable(line + QLatin1Char('\n')), stdout);
+    std::fflush(stdout);
+}
+
+QString nearestName(const QQuickItem *item)
+{
+    for (; item; item = item->parentItem()) {
+        if (!item->objectName().isEmpty())
+            return item->objectName();
+    }
+    return QStringLiteral("-");
+}
+
+} // namespace
+
+Trace::Trace(QObject *parent) : QObject(parent) {}
+
+Trace::~Trace() = default;
+
+void Trace::watch(QQuickWindow *window)
+{
+    m_window = window;
+    connect(window, &QWindow::xChanged, this, &Trace::scan);
+    connect(window, &QWindow::yChanged, this, &Trace::scan);
+    connect(window, &QQuickWindow::activeFocusItemChanged, this, &Trace::tellFocus);
+
+    // Both are emitted on the render thread where there is one. What a frame shows is settled while
+    // the GUI thread waits; by the time the frame is on the screen a newer page may have come.
+    connect(
+        window, &QQuickWindow::afterSynchronizing, this, [this] { m_renderedPage = m_page; },
+        Qt::DirectConnection);
+    connect(
+        window, &QQuickWindow::frameSwapped, this,
+        [this] {
+            QMetaObject::invokeMethod(
+                this, [this, page = m_renderedPage] { frameShown(page); }, Qt::QueuedConnection);
+        },
+        Qt::DirectConnection);
+}
+
+void Trace::setPage(const QString &name)
+{
+    m_page = name;
+    m_readyPage.clear();
+    if (m_window)
+        m_window->update();
+}
+
+void Trace::frameShown(const QString &page)
+{
+    if (page == m_page && m_readyPage != page) {
+        m_readyPage = page;
+        tell(QLatin1String("ready ") + page);
+    }
+    if (!m_readyPage.isEmpty())
+        scan();
+}
+
+void Trace::scan()
+{
+    if (!m_window || m_readyPage.isEmpty())
+        return;
+    QMap<QString, QRect> places;
+    QQuickItem *content = m_window->contentItem();
+    collect(content, QRectF(QPointF(), content->size()), places);
+
+    for (auto it = m_places.cbegin(); it != m_places.cend(); ++it) {
+        if (!places.contains(it.key()))
+            tell(QLatin1String("gone ") + it.key());
+    }
+    for (auto it = places.cbegin(); it != places.cend(); ++it) {
+        const QRect place = it.value();
+        if (m_places.contains(it.key()) && m_places.value(it.key()) == place)
+            continue;
+        tell(QStringLiteral("item %1 %2 %3 %4 %5")
+                 .arg(it.key())
+                 .arg(place.x())
+                 .arg(place.y())
+                 .arg(place.width())
+                 .arg(place.height()));
+    }
+    m_places = places;
+}
+
+void Trace::collect(QQuickItem *item, QRectF clip, QMap<QString, QRect> &places)
+{
+    if (!item->isVisible() || item->opacity() <= 0)
+        return;
+    const QRectF place = item->mapRectToScene(item->boundingRect());
+    const QString name = item->objectName();
+    // Popup anchors have no size.
+    const bool seen = place.isEmpty() ? clip.contains(place.topLeft()) : clip.intersects(place);
+    if (!name.isEmpty() && seen && !places.contains(name)) {
+        const QRect rounded = place.toRect();
+        places.insert(name, QRect(m_window->mapToGlobal(rounded.topLeft()), rounded.size()));
+        follow(item);
+    }
+    if (item->clip())
+        clip = clip.intersected(place);
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children)
+        collect(child, clip, places);
+}
+
+void Trace::follow(QQuickItem *item)
+{
+    if (auto *button = qobject_cast<ButtonBase *>(item)) {
+        connect(button, &ButtonBase::clicked, this, &Trace::tellClick, Qt::UniqueConnection);
+    } else if (auto *anchor = qobject_cast<PopupAnchor *>(item)) {
+        connect(anchor, &PopupAnchor::popupVisibleChanged, this, &Trace::tellPopup,
+                Qt::UniqueConnection);
+    }
+}
+
+void Trace::tellFocus()
+{
+    const QString focus = nearestName(m_window->activeFocusItem());
+    if (focus == m_focus)
+        return;
+    m_focus = focus;
+    tell(QLatin1String("focus ") + focus);
+}
+
+void Trace::tellPopup()
+{
+    const auto *anchor = qobject_cast<PopupAnchor *>(sender());
+    tell(QLatin1String(anchor->isPopupVisible() ? "popup open " : "popup closed ")
+         + anchor->objectName());
+}
+
+void Trace::tellClick()
+{
+    tell(QLatin1String("clicked ") + sender()->objectName());
+}
