@@ -7,10 +7,11 @@ find_program(TAMBERUI_QMLPLUGINDUMP qmlplugindump HINTS "${qt_tools_dir}" /usr/l
 find_program(TAMBERUI_QMLCACHEGEN qmlcachegen HINTS "${qt_tools_dir}" /usr/lib/qt5/bin REQUIRED)
 
 # Compiler settings for one of our own targets; nothing of it reaches the targets that link to it.
+# What Qt 5.15 itself deprecates stays: the simple materials of the scene graph are among it.
 function(tamber_target_defaults target)
     target_compile_definitions(${target} PRIVATE
         QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
-        QT_USE_QSTRINGBUILDER QT_DEPRECATED_WARNINGS QT_DISABLE_DEPRECATED_BEFORE=0x050F00
+        QT_USE_QSTRINGBUILDER QT_DEPRECATED_WARNINGS QT_DISABLE_DEPRECATED_BEFORE=0x050E00
         QT_STRICT_ITERATORS)
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow=local -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align)
@@ -86,4 +87,23 @@ function(tamber_add_resources target qrc)
         set_property(SOURCE ${sources} APPEND PROPERTY COMPILE_OPTIONS -fvisibility=default)
     endif()
     target_sources(${target} PRIVATE ${sources})
+endfunction()
+
+# tamber_add_bytes(<target> <file>...)
+#
+# Makes the bytes of each file available to the target's sources as <name of the file>.inc, for
+# the initialiser of an array.
+function(tamber_add_bytes target)
+    set(out "${CMAKE_CURRENT_BINARY_DIR}/bytes")
+    file(MAKE_DIRECTORY "${out}")
+    foreach(file IN LISTS ARGN)
+        get_filename_component(file "${file}" ABSOLUTE)
+        get_filename_component(name "${file}" NAME)
+        add_custom_command(OUTPUT "${out}/${name}.inc"
+            COMMAND ${CMAKE_COMMAND} "-DINPUT=${file}" "-DOUTPUT=${out}/${name}.inc"
+                -P "${PROJECT_SOURCE_DIR}/cmake/Bytes.cmake"
+            DEPENDS "${file}" "${PROJECT_SOURCE_DIR}/cmake/Bytes.cmake" VERBATIM)
+        target_sources(${target} PRIVATE "${out}/${name}.inc")
+    endforeach()
+    target_include_directories(${target} PRIVATE "${out}")
 endfunction()

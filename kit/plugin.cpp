@@ -2,6 +2,7 @@
 
 #include <TamberUi/Colors>
 #include <TamberUi/Fonts>
+#include <TamberUi/Icon>
 #include <TamberUi/Logging>
 #include <TamberUi/Module>
 #include <TamberUi/Ui>
@@ -44,6 +45,7 @@ void registerPublic(const char *uri)
     qmlRegisterRevision<QQuickItem, 11>(uri, major, minor);
     qmlRegisterSingletonType<Colors>(uri, major, minor, "UiColors", createNames<Colors>);
     qmlRegisterSingletonType<Fonts>(uri, major, minor, "UiFonts", createNames<Fonts>);
+    qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
                                    QStringLiteral("Ui only has enumerations"));
 

@@ -6,11 +6,10 @@
         tamberui-artwork check  <sources-dir> <output-dir>
 */
 
+#include "pictures/pictures.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtGui/QImage>
-#include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>
 
 #include <cstdio>
@@ -76,64 +75,8 @@ Drawing draw(const Artwork &artwork, const QDir &sources)
                      .arg(artwork.size.height()) };
     }
 
-    // Drawn large and averaged down: Qt approximates curves by lines on a grid of its own, which at
-    // these sizes leaves the two halves of a ring several levels apart. 16 bits a channel, because
-    // the layers of a soft shadow are so faint that rounding each of them would add up to bands.
-    constexpr int oversampling = 8;
-    const QSize size = artwork.size * artwork.scale;
-    QImage canvas(size * oversampling, QImage::Format_RGBA64_Premultiplied);
-    canvas.fill(Qt::transparent);
-    QPainter painter(&canvas);
-    renderer.render(&painter);
-    painter.end();
-
-    // Premultiplied up to the end, so that a pixel without alpha keeps no colour either.
-    return { canvas.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                 .convertToFormat(QImage::Format_ARGB32_Premultiplied),
-             {} };
-}
-
-/// Empty when the file opens as a PNG of 8-bit RGBA that is not interlaced. QImage converts
-/// whatever it reads, so only the file's own header can tell.
-QString formatError(const QString &fileName)
-{
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return file.errorString();
-
-    // Signature (8 bytes), length and name of the first chunk (4 each), width and height (4 each).
-    const QByteArray header = file.read(29);
-    if (header.size() < 29 || !header.startsWith("\x89PNG\r\n\x1a\n")
-        || header.mid(12, 4) != "IHDR")
-        return QStringLiteral("not a PNG file");
-
-    const int bitDepth = header.at(24);
-    const int colorType = header.at(25);
-    const int interlace = header.at(28);
-    if (bitDepth != 8 || colorType != 6 || interlace != 0) {
-        return QStringLiteral("not plain 8-bit RGBA: bit depth %1, colour type %2, interlace %3")
-            .arg(bitDepth)
-            .arg(colorType)
-            .arg(interlace);
-    }
-    return {};
-}
-
-/// The largest difference between two images of one size, in levels of any channel. Measured with
-/// the alpha multiplied in, as the images reach the screen: the colour of a pixel that is all but
-/// transparent shows nowhere and is mostly rounding.
-int largestDifference(const QImage &left, const QImage &right)
-{
-    const QImage a = left.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
-    const QImage b = right.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
-    int largest = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        const uchar *lineA = a.constScanLine(y);
-        const uchar *lineB = b.constScanLine(y);
-        for (int i = 0; i < 4 * a.width(); ++i)
-            largest = qMax(largest, qAbs(lineA[i] - lineB[i]));
-    }
-    return largest;
+    const auto paint = [&](QPainter *painter) { renderer.render(painter); };
+    return { drawPicture(artwork.size * artwork.scale, paint), {} };
 }
 
 /// Writes one image; empty when that worked.
@@ -142,44 +85,16 @@ QString render(const Artwork &artwork, const QDir &sources, const QDir &output)
     const Drawing drawing = draw(artwork, sources);
     if (drawing.image.isNull())
         return drawing.error;
-    // Quality 0 is the smallest file: a PNG loses nothing by it.
-    if (!drawing.image.save(output.filePath(artwork.imageName()), "PNG", 0))
-        return QStringLiteral("cannot be written");
-    return {};
+    return writePicture(drawing.image, output.filePath(artwork.imageName()));
 }
 
 /// Compares one committed image with its source; empty when they agree.
 QString check(const Artwork &artwork, const QDir &sources, const QDir &output)
 {
-    // Room for the rounding of another Qt or processor, too little for a change of the drawing.
-    constexpr int tolerance = 2;
-
     const Drawing drawing = draw(artwork, sources);
     if (drawing.image.isNull())
         return drawing.error;
-
-    const QString fileName = output.filePath(artwork.imageName());
-    const QString error = formatError(fileName);
-    if (!error.isEmpty())
-        return error;
-
-    const QImage committed(fileName);
-    if (committed.isNull())
-        return QStringLiteral("the PNG is damaged");
-    if (committed.size() != drawing.image.size()) {
-        return QStringLiteral("%1 x %2 pixels instead of %3 x %4")
-            .arg(committed.width())
-            .arg(committed.height())
-            .arg(drawing.image.width())
-            .arg(drawing.image.height());
-    }
-    const int difference = largestDifference(committed, drawing.image);
-    if (difference > tolerance) {
-        return QStringLiteral("differs from %1 by up to %2 levels; render it again")
-            .arg(artwork.sourceName())
-            .arg(difference);
-    }
-    return {};
+    return comparePicture(drawing.image, output.filePath(artwork.imageName()));
 }
 
 } // namespace

@@ -1,0 +1,335 @@
+// variants: threaded scale2 x11
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include "scenegraph/iconatlas_p.h"
+#include "scenegraph/iconmaterial_p.h"
+
+#include <TamberUi/Icon>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+// What arrives on the screen.
+class tst_Icon : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { Scene::useKit(); }
+    void defaults();
+    void setters();
+    void badValues();
+    void handlerThatDestroys();
+    void compare();
+    void drawsItsGlyph_data();
+    void drawsItsGlyph();
+    void stretchedGlyph();
+    void sizeOfItemDoesNotMatter();
+    void drawsNothing();
+    void disabledAndHighlighted_data();
+    void disabledAndHighlighted();
+    void changes();
+    void otherWindow();
+    void shownAgain();
+};
+
+namespace {
+
+// On a white ground, at the window's corner.
+QString scene(const QString &properties)
+{
+    return QStringLiteral("Rectangle { anchors.fill: parent }") + properties;
+}
+
+QImage cell(int size, double ratio, const char *name)
+{
+    const IconAtlas &atlas = getAtlas(size, ratio);
+    const QImage image = QImage::fromData(atlas.data, atlas.dataSize, "png");
+    const int pitch = atlas.cellSize + 2;
+    for (int i = 0; i < atlas.entryCount; ++i) {
+        if (qstrcmp(atlas.entries[i].name, name) == 0)
+            return image.copy(atlas.entries[i].column * pitch, atlas.entries[i].row * pitch,
+                              atlas.cellSize, atlas.cellSize);
+    }
+    return {};
+}
+
+// What the shader makes of a texel on a white ground.
+QColor shaded(const QColor &texel, double disabled, double highlight, const QColor &highlightColor)
+{
+    const auto mix = [](double a, double b, double t) { return a + (b - a) * t; };
+    const double luma = 0.2126 * texel.redF() + 0.7152 * texel.greenF() + 0.0722 * texel.blueF();
+    const double t = qBound(0.0, (luma - 0.85) / 0.05, 1.0);
+    const double alpha = texel.alphaF() * mix(1, 1 - t * t * (3 - 2 * t), highlight);
+    const double grey = mix(0.6, 1, luma);
+    const auto channel = [&](double base, double tint) {
+        return mix(1, mix(mix(base, grey, disabled), tint, highlight), alpha);
+    };
+    return QColor::fromRgbF(channel(texel.redF(), highlightColor.redF()),
+                            channel(texel.greenF(), highlightColor.greenF()),
+                            channel(texel.blueF(), highlightColor.blueF()));
+}
+
+bool alike(const QColor &a, const QColor &b)
+{
+    constexpr int tolerance = 3; // levels; the renderer rounds in other places
+    return qAbs(a.red() - b.red()) <= tolerance && qAbs(a.green() - b.green()) <= tolerance
+           && qAbs(a.blue() - b.blue()) <= tolerance;
+}
+
+// Whether the corner of the grabbed window shows the glyph, shaded.
+bool shows(QQuickWindow *window, const QImage &glyph, double disabled = 0, double highlight = 0,
+           const QColor &color = Qt::white)
+{
+    const QImage grabbed = window->grabWindow();
+    for (int y = 0; y < glyph.height(); ++y) {
+        for (int x = 0; x < glyph.width(); ++x) {
+            const QColor expected = shaded(glyph.pixelColor(x, y), disabled, highlight, color);
+            if (!alike(grabbed.pixelColor(x, y), expected)) {
+                qInfo() << "at" << x << y << grabbed.pixelColor(x, y) << "instead of" << expected;
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+bool isBlank(const QImage &image, const QRect &area)
+{
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (!alike(image.pixelColor(x, y), Qt::white))
+                return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+void tst_Icon::defaults()
+{
+    const Icon icon;
+    QCOMPARE(QSizeF(icon.implicitWidth(), icon.implicitHeight()), QSizeF(24, 24));
+    QVERIFY(icon.flags().testFlag(QQuickItem::ItemHasContents));
+    QCOMPARE(icon.highlightColor(), QColor(Qt::white));
+}
+
+void tst_Icon::setters()
+{
+    Icon icon;
+    SignalLog log;
+    log.watch(&icon,
+              { QStringLiteral("iconNameChanged"), QStringLiteral("iconSizeChanged"),
+                QStringLiteral("disabledChanged"), QStringLiteral("highlightChanged"),
+                QStringLiteral("highlightColorChanged"), QStringLiteral("implicitWidthChanged") });
+    for (int round = 0; round < 2; ++round) {
+        icon.setIconName(QStringLiteral("close"));
+        icon.setIconSize(Icon::Icon_32x32);
+        icon.setDisabled(0.5);
+        icon.setHighlight(0.25);
+        icon.setHighlightColor(Qt::red);
+    }
+    QCOMPARE(log.take(),
+             QStringList(
+                 { QStringLiteral("iconNameChanged"), QStringLiteral("implicitWidthChanged"),
+                   QStringLiteral("iconSizeChanged"), QStringLiteral("disabledChanged"),
+                   QStringLiteral("highlightChanged"), QStringLiteral("highlightColorChanged") }));
+    QCOMPARE(icon.implicitHeight(), 32.0);
+}
+
+void tst_Icon::badValues()
+{
+    Icon icon;
+    const QPair<double, double> rows[] = {
+        { 2, 1 }, { -1, 0 }, { qInf(), 1 }, { qQNaN(), 0 }, { 0.5, 0.5 },
+    };
+    for (const auto &row : rows) {
+        icon.setDisabled(row.first);
+        icon.setHighlight(row.first);
+        QCOMPARE(icon.disabled(), row.second);
+        QCOMPARE(icon.highlight(), row.second);
+    }
+}
+
+void tst_Icon::handlerThatDestroys()
+{
+    QPointer<Icon> icon = new Icon;
+    connect(icon, &Icon::iconSizeChanged, this, [&] { delete icon; });
+    icon->setIconSize(Icon::Icon_16x16);
+    QVERIFY(!icon);
+    icon = new Icon;
+    connect(icon, &Icon::disabledChanged, this, [&] { delete icon; });
+    icon->setDisabled(1);
+    QVERIFY(!icon);
+}
+
+void tst_Icon::compare()
+{
+    const IconState base;
+    IconState other;
+    QCOMPARE(base.compare(&other), 0);
+    other.texture = reinterpret_cast<QSGTexture *>(16);
+    QCOMPARE(base.compare(&other), 1); // the lower pointer comes last
+    QCOMPARE(other.compare(&base), -1);
+    other.highlightColor = QColor(255, 255, 254);
+    QCOMPARE(base.compare(&other), 1);
+    other.disabled = 0.5f;
+    QCOMPARE(base.compare(&other), -1);
+    QCOMPARE(other.compare(&base), 1);
+    other.highlight = 0.5f;
+    other.disabled = -1;
+    QCOMPARE(base.compare(&other), -1);
+}
+
+void tst_Icon::drawsItsGlyph_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("16") << 16 << QByteArray("close");
+    QTest::newRow("16 last") << 16 << QByteArray("zoom-to-fit");
+    QTest::newRow("24") << 24 << QByteArray("add");
+    QTest::newRow("24 last") << 24 << QByteArray("width");
+    QTest::newRow("32") << 32 << QByteArray("wifi-config");
+}
+
+void tst_Icon::drawsItsGlyph()
+{
+    QFETCH(int, size);
+    QFETCH(QByteArray, name);
+    Scene shown(scene(QStringLiteral("UiIcon { iconSize: UiIcon.Icon_%1x%1; iconName: '%2' }")
+                          .arg(size)
+                          .arg(QString::fromLatin1(name))),
+                QSize(200, 100));
+    QVERIFY(shown.isValid());
+    QVERIFY(shows(shown.window(), cell(size, shown.window()->effectiveDevicePixelRatio(), name)));
+}
+
+void tst_Icon::stretchedGlyph()
+{
+    expectWarning(QStringLiteral("Unsupported atlas size 48"));
+    Scene shown(scene(QStringLiteral("UiIcon { iconSize: UiIcon.Icon_48x48; iconName: 'stop' }")),
+                QSize(200, 100));
+    QVERIFY(shown.isValid());
+    const QImage grabbed = shown.window()->grabWindow();
+    const QImage glyph = cell(24, 1, "stop");
+    const double ratio = grabbed.devicePixelRatio();
+    QVERIFY(alike(grabbed.pixelColor(int(24 * ratio), int(24 * ratio)),
+                  shaded(glyph.pixelColor(12, 12), 0, 0, Qt::white)));
+    QVERIFY(isBlank(grabbed, QRect(int(48 * ratio), 0, 20, 20)));
+}
+
+void tst_Icon::sizeOfItemDoesNotMatter()
+{
+    for (const char *geometry :
+         { "width: 90; height: 90", "width: 0; height: 0", "width: -5; height: 3" }) {
+        Scene shown(scene(QStringLiteral(
+                              "UiIcon { iconSize: UiIcon.Icon_16x16; iconName: 'close'; %1 }")
+                              .arg(QLatin1String(geometry))),
+                    QSize(200, 100));
+        QVERIFY(shown.isValid());
+        const double ratio = shown.window()->effectiveDevicePixelRatio();
+        QVERIFY(shows(shown.window(), cell(16, ratio, "close")));
+        QVERIFY(isBlank(shown.window()->grabWindow(), QRect(int(16 * ratio), 0, 40, 40)));
+    }
+}
+
+void tst_Icon::drawsNothing()
+{
+    Scene shown(scene(QStringLiteral(
+                    "UiIcon {} UiIcon { iconName: 'no such glyph' }"
+                    "UiIcon { iconName: '\\u4e16\\u754c'; iconSize: UiIcon.Icon_32x32 }")),
+                QSize(200, 100));
+    QVERIFY(shown.isValid());
+    const QImage grabbed = shown.window()->grabWindow();
+    QVERIFY(isBlank(grabbed, grabbed.rect()));
+}
+
+void tst_Icon::disabledAndHighlighted_data()
+{
+    QTest::addColumn<double>("disabled");
+    QTest::addColumn<double>("highlight");
+    QTest::addColumn<QColor>("color");
+    QTest::newRow("disabled") << 1.0 << 0.0 << QColor(Qt::white);
+    QTest::newRow("half disabled") << 0.5 << 0.0 << QColor(Qt::white);
+    QTest::newRow("highlighted") << 0.0 << 1.0 << QColor(0x98, 0xBE, 0x9C);
+    QTest::newRow("half highlighted") << 0.0 << 0.5 << QColor(Qt::black);
+    QTest::newRow("both") << 1.0 << 0.5 << QColor(Qt::red);
+}
+
+void tst_Icon::disabledAndHighlighted()
+{
+    QFETCH(double, disabled);
+    QFETCH(double, highlight);
+    QFETCH(QColor, color);
+    Scene shown(scene(QStringLiteral("UiIcon { objectName: 'icon'; iconName: 'add-content' }")),
+                QSize(200, 100));
+    QVERIFY(shown.isValid());
+    auto *icon = shown.find<Icon>("icon");
+    icon->setDisabled(disabled);
+    icon->setHighlight(highlight);
+    icon->setHighlightColor(color);
+    QVERIFY(shows(shown.window(),
+                  cell(24, shown.window()->effectiveDevicePixelRatio(), "add-content"), disabled,
+                  highlight, color));
+}
+
+// What changes after the first frame arrives, too.
+void tst_Icon::changes()
+{
+    Scene shown(scene(QStringLiteral("UiIcon { objectName: 'icon'; iconName: 'add' }")),
+                QSize(200, 100));
+    QVERIFY(shown.isValid());
+    auto *icon = shown.find<Icon>("icon");
+    const double ratio = shown.window()->effectiveDevicePixelRatio();
+    QVERIFY(shows(shown.window(), cell(24, ratio, "add")));
+    icon->setIconName(QStringLiteral("cut"));
+    QVERIFY(shows(shown.window(), cell(24, ratio, "cut")));
+    icon->setIconSize(Icon::Icon_16x16);
+    icon->setIconName(QStringLiteral("up"));
+    QVERIFY(shows(shown.window(), cell(16, ratio, "up")));
+    icon->setIconName(QString());
+    QVERIFY(isBlank(shown.window()->grabWindow(), QRect(0, 0, 30, 30)));
+}
+
+// Windows may have graphics contexts of their own, each with its own textures.
+void tst_Icon::otherWindow()
+{
+    const QString body = scene(QStringLiteral("UiIcon { objectName: 'icon'; iconName: 'add' }"));
+    Scene first(body, QSize(200, 100));
+    QVERIFY(first.isValid());
+    const double ratio = first.window()->effectiveDevicePixelRatio();
+    auto *icon = first.find<Icon>("icon");
+    {
+        Scene second(scene(QString()), QSize(200, 100));
+        QVERIFY(second.isValid());
+        QVERIFY(shows(first.window(), cell(24, ratio, "add")));
+        icon->setParentItem(second.root());
+        QVERIFY(shows(second.window(), cell(24, ratio, "add")));
+        QVERIFY(isBlank(first.window()->grabWindow(), QRect(0, 0, 30, 30)));
+        icon->setParentItem(first.root());
+    }
+    QVERIFY(shows(first.window(), cell(24, ratio, "add")));
+}
+
+void tst_Icon::shownAgain()
+{
+    Scene shown(scene(QStringLiteral("UiIcon { objectName: 'icon'; iconName: 'add' }")),
+                QSize(200, 100));
+    QVERIFY(shown.isValid());
+    shown.window()->setPersistentSceneGraph(false);
+    shown.window()->setPersistentOpenGLContext(false);
+    const double ratio = shown.window()->effectiveDevicePixelRatio();
+    for (int round = 0; round < 3; ++round) {
+        QVERIFY(shows(shown.window(), cell(24, ratio, "add")));
+        shown.window()->hide();
+        shown.window()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(shown.window()));
+        QTRY_VERIFY(!shown.window()->grabWindow().isNull()); // late news of the hide may still come
+    }
+}
+
+TAMBER_TEST_MAIN(tst_Icon)
+#include "tst_icon.moc"

@@ -1,0 +1,51 @@
+#include "icongeometry_p.h"
+
+#include "iconatlas_p.h"
+
+namespace ta::ui {
+
+QHash<QByteArray, QWeakPointer<IconGeometry>> IconGeometry::m_existing;
+QMutex IconGeometry::s_lock;
+
+QRectF iconCell(int size, double devicePixelRatio, const QByteArray &name)
+{
+    const IconAtlas &atlas = getAtlas(size, devicePixelRatio);
+    int column = 0;
+    int row = 0;
+    for (int i = 0; i < atlas.entryCount; ++i) {
+        if (name == atlas.entries[i].name) {
+            column = atlas.entries[i].column;
+            row = atlas.entries[i].row;
+            break;
+        }
+    }
+    const float pitch = atlas.cellFraction + atlas.gapFraction;
+    return QRectF(column * pitch, row * pitch, atlas.cellFraction, atlas.cellFraction);
+}
+
+IconGeometry::IconGeometry(int size, double devicePixelRatio, const QByteArray &name)
+    : QSGGeometry(QSGGeometry::defaultAttributes_TexturedPoint2D(), 4)
+{
+    setDrawingMode(QSGGeometry::DrawTriangleStrip);
+    setVertexDataPattern(QSGGeometry::StaticPattern);
+    updateTexturedRectGeometry(this, QRectF(0, 0, size, size),
+                               iconCell(size, devicePixelRatio, name));
+}
+
+QSharedPointer<IconGeometry> IconGeometry::get(int size, double devicePixelRatio,
+                                               const QString &name)
+{
+    const QByteArray latinName = name.toLatin1();
+    const QByteArray key = latinName + '#' + QByteArray::number(size)
+                           + (devicePixelRatio > 1.1 ? "@2x" : "");
+    const QMutexLocker locker(&s_lock);
+    QWeakPointer<IconGeometry> &existing = m_existing[key];
+    QSharedPointer<IconGeometry> geometry = existing.toStrongRef();
+    if (!geometry) {
+        geometry = QSharedPointer<IconGeometry>::create(size, devicePixelRatio, latinName);
+        existing = geometry;
+    }
+    return geometry;
+}
+
+} // namespace ta::ui
