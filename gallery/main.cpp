@@ -29,6 +29,12 @@ struct Options
                                               "line.") };
 };
 
+int complain(const QString &message, ExitCode code)
+{
+    std::fprintf(stderr, "tamberui-gallery: %s\n", qUtf8Printable(message));
+    return code;
+}
+
 // The kit lies beside the installed program, or in the build tree that this program was built in.
 void addKitPath(QQmlEngine *engine)
 {
@@ -54,8 +60,8 @@ int main(int argc, char *argv[])
     const Options options;
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Shows what TamberUi has to offer."));
-    parser.addHelpOption();
-    parser.addVersionOption();
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({ options.page, options.list, options.screenshots, options.trace });
 
     // What needs no screen is answered before there is one. Qt's own options are still among the
@@ -69,30 +75,39 @@ int main(int argc, char *argv[])
         std::puts(qUtf8Printable(names.join(QLatin1Char('\n'))));
         return Success;
     }
+    if (parser.isSet(help) || parser.isSet(version)) {
+        const QCoreApplication app(argc, argv);
+        parser.process(app); // answers and exits
+    }
     const QString page = parser.isSet(options.page) ? parser.value(options.page) : names.first();
     if (!names.contains(page)) {
-        std::fprintf(stderr, "tamberui-gallery: there is no page \"%s\"; the pages are: %s\n",
-                     qUtf8Printable(page), qUtf8Printable(names.join(QLatin1String(", "))));
-        return WrongUsage;
+        return complain(QStringLiteral("there is no page \"%1\"; the pages are: %2")
+                            .arg(page, names.join(QLatin1String(", "))),
+                        WrongUsage);
     }
 
     const QGuiApplication app(argc, argv);
-    parser.process(app);
+    if (!parser.parse(app.arguments()))
+        return complain(parser.errorText(), WrongUsage);
+    if (!parser.positionalArguments().isEmpty()) {
+        return complain(QStringLiteral("what is \"%1\"? There is --page")
+                            .arg(parser.positionalArguments().constFirst()),
+                        WrongUsage);
+    }
+    parser.process(app); // answers what of the help names Qt's own options, too
 
+    int complaints = 0;
     Trace trace; // outlives the engine and with it the window
     QQmlApplicationEngine engine;
     addKitPath(&engine);
-    int complaints = 0;
     QObject::connect(&engine, &QQmlEngine::warnings, &engine,
                      [&](const QList<QQmlError> &warnings) { complaints += warnings.count(); });
     engine.setInitialProperties(
         { { QStringLiteral("pages"), pages::model() }, { QStringLiteral("currentPage"), page } });
     engine.load(QUrl(QStringLiteral("qrc:/gallery/Main.qml")));
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
-    if (!window) {
-        std::fputs("tamberui-gallery: the screen could not be loaded\n", stderr);
-        return Failure;
-    }
+    if (!window)
+        return complain(QStringLiteral("the screen could not be loaded"), Failure);
 
     if (parser.isSet(options.screenshots)) {
         const bool complete = takeScreenshots(window, parser.value(options.screenshots));

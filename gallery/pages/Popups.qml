@@ -65,8 +65,9 @@ Page {
         }
     }
 
+    // As wide as the page, so that the last one meets the edge in any window.
     Item {
-        width: parent.width
+        width: root.width - 80
         height: 32
 
         DistancesButton {

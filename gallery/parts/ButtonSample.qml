@@ -39,7 +39,7 @@ Item {
             down: root.held
             iconSource: root.kind === 2 ? "qrc:/gallery/icons/add.png" : "qrc:/gallery/icons/edit.png"
             style: root.kind === 2 ? Ui.IconAndText : Ui.IconOnly
-            text: root.kind === 2 ? qsTr("New item") : qsTr("Edit")
+            text: root.kind === 2 ? qsTr("Add") : qsTr("Edit")
 
             onClicked: root.clicked(text, modifiers)
         }

@@ -8,6 +8,7 @@ UiButtonBase {
 
     property string text: ""
     property bool current: false
+    property bool pointed: false // a press of the pointer brought the focus
 
     activeFocusOnPress: true
     implicitHeight: 40
@@ -17,6 +18,8 @@ UiButtonBase {
     Accessible.focusable: true
     Accessible.selected: current
     Accessible.onPressAction: root.clicked(Qt.NoModifier)
+
+    onActiveFocusChanged: if (activeFocus) pointed = pressed
 
     Rectangle {
         anchors.fill: parent
@@ -38,7 +41,7 @@ UiButtonBase {
         border.width: 2
         color: "transparent"
         radius: 4
-        visible: root.activeFocus
+        visible: root.activeFocus && !root.pointed
     }
 
     UiText {

@@ -31,6 +31,9 @@ FocusScope {
 
     Connections {
         function onActiveFocusItemChanged() {
+            // What is being pressed must not move away from under the pointer.
+            if (root.Window.activeFocusItem && root.Window.activeFocusItem.pressed)
+                return
             for (let item = root.Window.activeFocusItem; item; item = item.parent) {
                 if (item === flickable.contentItem) {
                     root.reveal(root.Window.activeFocusItem)

@@ -7,8 +7,10 @@ import tamber.Ui 1.0
 Item {
     id: root
 
-    property string name: ""
+    property string name: "Regular"
     property bool last: false
+
+    readonly property int entry: UiFonts[name] // complains about a name there is not
 
     height: 56
 
@@ -24,7 +26,7 @@ Item {
         width: parent.width - x
         height: parent.height
         elide: Text.ElideRight
-        font: UiFonts.getFont(UiFonts[root.name], 24)
+        font: UiFonts.getFont(root.entry, 24)
         text: qsTr("Quiet tools for a busy stage")
     }
 

@@ -19,7 +19,8 @@ Grid {
         Item {
             id: swatch
 
-            readonly property color value: UiColors.getColor(UiColors[modelData])
+            readonly property int entry: UiColors[modelData] // complains about a name there is not
+            readonly property color value: UiColors.getColor(entry)
 
             width: Math.floor(root.width / root.columns)
             height: 40

@@ -26,6 +26,9 @@ Rectangle {
 
     Keys.forwardTo: [comboBox]
 
+    // The anchor has placed the list by now.
+    onEnabledChanged: if (enabled) reveal(Math.max(0, comboBox.highlightedIndex))
+
     Behavior on opacity {
         NumberAnimation {
             duration: 80
@@ -84,8 +87,6 @@ Rectangle {
                 onEntered: root.comboBox.highlightedIndex = index
             }
         }
-
-        onHeightChanged: positionViewAtIndex(Math.max(0, root.comboBox.highlightedIndex), ListView.Contain)
     }
 
     // Where the visible rows are among all.

@@ -1,9 +1,18 @@
-// Frames its parent while that has the active focus. Part of the kit's own controls.
+// Frames its parent while that has the active focus, unless a press of the pointer brought it there.
+// Part of the kit's own controls.
 import QtQuick 2.15
+import QtQuick.Window 2.15
 import tamber.Ui 1.0
 
 Rectangle {
+    id: root
+
     property Item control: parent
+
+    readonly property bool focused: control.activeFocus
+
+    property bool pointed: false
+    property bool windowLeft: false
 
     anchors.fill: parent
     anchors.margins: -2
@@ -11,5 +20,12 @@ Rectangle {
     border.width: 2
     color: "transparent"
     radius: 4
-    visible: control.activeFocus
+    visible: focused && !pointed
+
+    // A window that is left takes the focus along and brings it back as it was.
+    onFocusedChanged: {
+        if (focused && !windowLeft)
+            pointed = control.pressed
+        windowLeft = !focused && !root.Window.active
+    }
 }

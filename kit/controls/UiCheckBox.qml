@@ -25,8 +25,8 @@ UiCheckButtonBase {
     Accessible.checkStateMixed: checkState === Qt.PartiallyChecked
     Accessible.focusable: true
     Accessible.readOnly: readOnly
-    Accessible.onPressAction: root.clicked(Qt.NoModifier)
-    Accessible.onToggleAction: root.clicked(Qt.NoModifier)
+    Accessible.onPressAction: if (enabled && !readOnly) root.clicked(Qt.NoModifier)
+    Accessible.onToggleAction: if (enabled && !readOnly) root.clicked(Qt.NoModifier)
 
     Rectangle {
         id: box

@@ -18,12 +18,12 @@ import tamber.Ui.Private 1.0
 UiButtonBase {
     id: root
 
-    property alias model: rows.model
+    property var model
     property string textRole: ""
     property int currentIndex: -1
     property string placeholder: ""
 
-    readonly property string currentText: count > 0 ? textAt(currentIndex) : ""
+    readonly property string currentText: changes >= 0 && count > 0 ? textAt(currentIndex) : ""
     readonly property alias count: rows.count
     readonly property alias popupVisible: anchor.popupVisible
 
@@ -32,6 +32,7 @@ UiButtonBase {
     property string typed: ""
     property double typedAt: 0
     property int wheelTurn: 0
+    property int changes: 0 // of the texts, while their number stays
 
     signal activated(int index)
 
@@ -154,7 +155,7 @@ UiButtonBase {
     Accessible.role: Accessible.ComboBox
     Accessible.name: currentText === "" ? placeholder : currentText
     Accessible.focusable: true
-    Accessible.onPressAction: popupVisible ? hide() : show()
+    Accessible.onPressAction: if (enabled) popupVisible ? hide() : show()
 
     Keys.onPressed: event.accepted = handleKey(event)
     // The press did it all: the button's own click on release would open the list again.
@@ -162,11 +163,24 @@ UiButtonBase {
                      || event.key === Qt.Key_Enter
 
     onClicked: popupVisible ? hide() : show()
+    onModelChanged: ++changes
 
     DelegateModel {
         id: rows
 
         delegate: Item {}
+        model: root.model
+
+        items.onChanged: ++root.changes
+    }
+
+    Connections {
+        function onDataChanged() {
+            ++root.changes
+        }
+
+        // Lists and numbers have no such signal.
+        target: root.model && root.model.dataChanged ? root.model : null
     }
 
     Rectangle {

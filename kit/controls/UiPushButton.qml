@@ -21,7 +21,7 @@ UiPushButtonBase {
     Accessible.name: text
     Accessible.focusable: true
     Accessible.pressed: sunken
-    Accessible.onPressAction: root.clicked(Qt.NoModifier)
+    Accessible.onPressAction: if (enabled) root.clicked(Qt.NoModifier)
 
     Rectangle {
         anchors.fill: parent

@@ -24,7 +24,7 @@ UiToolButtonBase {
     Accessible.name: text
     Accessible.focusable: true
     Accessible.pressed: pressed || down
-    Accessible.onPressAction: root.clicked(Qt.NoModifier)
+    Accessible.onPressAction: if (enabled) root.clicked(Qt.NoModifier)
 
     Rectangle {
         anchors.fill: parent
