@@ -24,6 +24,10 @@ struct Options
                                      QStringLiteral("Render every page into the folder DIR and "
                                                     "exit."),
                                      QStringLiteral("DIR") };
+    QCommandLineOption contactSheets { QStringLiteral("contact-sheets"),
+                                       QStringLiteral("Render all icons into the folder DIR and "
+                                                      "exit."),
+                                       QStringLiteral("DIR") };
     QCommandLineOption trace { QStringLiteral("trace"),
                                QStringLiteral("Print what happens in the window, one event a "
                                               "line.") };
@@ -62,7 +66,8 @@ int main(int argc, char *argv[])
     parser.setApplicationDescription(QStringLiteral("Shows what TamberUi has to offer."));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({ options.page, options.list, options.screenshots, options.trace });
+    parser.addOptions(
+        { options.page, options.list, options.screenshots, options.contactSheets, options.trace });
 
     // What needs no screen is answered before there is one. Qt's own options are still among the
     // arguments then, so complaints have to wait.
@@ -102,6 +107,10 @@ int main(int argc, char *argv[])
     addKitPath(&engine);
     QObject::connect(&engine, &QQmlEngine::warnings, &engine,
                      [&](const QList<QQmlError> &warnings) { complaints += warnings.count(); });
+    if (parser.isSet(options.contactSheets)) {
+        const bool complete = takeContactSheets(&engine, parser.value(options.contactSheets));
+        return complete && complaints == 0 ? Success : Failure;
+    }
     engine.setInitialProperties(
         { { QStringLiteral("pages"), pages::model() }, { QStringLiteral("currentPage"), page } });
     engine.load(QUrl(QStringLiteral("qrc:/gallery/Main.qml")));

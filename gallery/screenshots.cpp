@@ -7,7 +7,7 @@
 #include <QtCore/QEventLoop>
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
-#include <QtQuick/QQuickWindow>
+#include <QtQuick/QQuickView>
 
 namespace {
 
@@ -22,11 +22,11 @@ bool waitForFrame(QQuickWindow *window)
     return loop.exec() == 0;
 }
 
-bool takeScreenshot(QQuickWindow *window, const QString &page, const QDir &folder)
+// Waits for the next frame of the window and writes it.
+bool takePicture(QQuickWindow *window, const QString &name, const QDir &folder)
 {
-    window->setProperty("currentPage", page);
     if (!waitForFrame(window)) {
-        qWarning("gallery: the page %s was not rendered", qUtf8Printable(page));
+        qWarning("gallery: %s was not rendered", qUtf8Printable(name));
         return false;
     }
     const QImage picture = window->grabWindow();
@@ -34,7 +34,7 @@ bool takeScreenshot(QQuickWindow *window, const QString &page, const QDir &folde
     const QString suffix = qFuzzyCompare(scale, 1.0)
                                ? QString()
                                : QLatin1Char('@') + QString::number(scale) + QLatin1Char('x');
-    const QString path = folder.filePath(page + suffix + QLatin1String(".png"));
+    const QString path = folder.filePath(name + suffix + QLatin1String(".png"));
     if (picture.isNull() || !picture.save(path)) {
         qWarning("gallery: cannot write %s", qUtf8Printable(path));
         return false;
@@ -42,17 +42,44 @@ bool takeScreenshot(QQuickWindow *window, const QString &page, const QDir &folde
     return true;
 }
 
+bool makeFolder(const QString &folder)
+{
+    if (QDir().mkpath(folder))
+        return true;
+    qWarning("gallery: cannot make the folder %s", qUtf8Printable(folder));
+    return false;
+}
+
 } // namespace
 
 bool takeScreenshots(QQuickWindow *window, const QString &folder)
 {
-    if (!QDir().mkpath(folder)) {
-        qWarning("gallery: cannot make the folder %s", qUtf8Printable(folder));
+    if (!makeFolder(folder))
         return false;
-    }
     bool complete = true;
     const QStringList names = pages::names();
-    for (const QString &name : names)
-        complete = takeScreenshot(window, name, QDir(folder)) && complete;
+    for (const QString &name : names) {
+        window->setProperty("currentPage", name);
+        complete = takePicture(window, name, QDir(folder)) && complete;
+    }
+    return complete;
+}
+
+bool takeContactSheets(QQmlEngine *engine, const QString &folder)
+{
+    if (!makeFolder(folder))
+        return false;
+    bool complete = true;
+    for (int size : { 16, 24, 32 }) {
+        for (const char *look : { "light", "dark", "disabled", "highlighted" }) {
+            QQuickView view(engine, nullptr);
+            view.setInitialProperties({ { QStringLiteral("size"), size },
+                                        { QStringLiteral("look"), QLatin1String(look) } });
+            view.setSource(QUrl(QStringLiteral("qrc:/gallery/ContactSheet.qml")));
+            view.show();
+            const QString name = QStringLiteral("icons-%1-%2").arg(size).arg(QLatin1String(look));
+            complete = takePicture(&view, name, QDir(folder)) && complete;
+        }
+    }
     return complete;
 }

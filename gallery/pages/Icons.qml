@@ -1,0 +1,89 @@
+// All glyphs of the icon sets, to be found by name and seen in every state.
+import QtQuick 2.15
+import QtQuick.Window 2.15
+import tamber.Ui 1.0
+import "../parts"
+
+Page {
+    id: root
+
+    readonly property var sizes: [UiIcon.Icon_16x16, UiIcon.Icon_24x24, UiIcon.Icon_32x32]
+    readonly property int size: sizes[sizeBox.currentIndex]
+    readonly property var names: probe.iconNamesForSize(size).filter(
+        name => name !== "" && name.includes(search.text.trim().toLowerCase()))
+
+    title: qsTr("Icons")
+    summary: qsTr("Three sizes, each drawn twice: once for ordinary screens and once for screens of twice the density.")
+
+    UiIcon {
+        id: probe
+
+        visible: false
+    }
+
+    Card {
+        title: qsTr("All glyphs")
+        summary: qsTr("%1 shown, at %2 device pixels to a logical one. Move the window to another screen and they change.").arg(root.names.length).arg(Screen.devicePixelRatio)
+
+        Flow {
+            width: parent.width
+            spacing: 24
+
+            SearchField {
+                id: search
+
+                width: 240
+                objectName: "iconSearch"
+                placeholder: qsTr("Search by name")
+            }
+
+            UiComboBox {
+                id: sizeBox
+
+                width: 112
+                currentIndex: 1
+                model: ["16 x 16", "24 x 24", "32 x 32"]
+                objectName: "iconSize"
+            }
+
+            LabelledSlider {
+                id: disabledSlider
+
+                label: qsTr("Disabled")
+            }
+
+            LabelledSlider {
+                id: highlightSlider
+
+                label: qsTr("Highlight")
+            }
+        }
+
+        UiHorizontalSeparator {
+            width: parent.width
+        }
+
+        Grid {
+            readonly property int cell: Math.floor(parent.width / columns)
+
+            columns: Math.max(1, Math.floor(parent.width / 116))
+
+            Repeater {
+                model: root.names
+
+                Glyph {
+                    width: parent.cell
+                    disabled: disabledSlider.value
+                    highlight: highlightSlider.value
+                    name: modelData
+                    size: root.size
+                }
+            }
+        }
+
+        UiText {
+            text: qsTr("No glyph of this size has such a name.")
+            visible: root.names.length === 0
+        }
+    }
+}
