@@ -37,7 +37,7 @@ Item {
 
         UiToolButton {
             down: root.held
-            iconSource: root.kind === 2 ? "qrc:/gallery/icons/add.png" : "qrc:/gallery/icons/edit.png"
+            iconName: root.kind === 2 ? "add" : "edit"
             style: root.kind === 2 ? Ui.IconAndText : Ui.IconOnly
             text: root.kind === 2 ? qsTr("Add") : qsTr("Edit")
 

@@ -8,7 +8,7 @@ UiToolButton {
     property alias tip: infoTip.text
 
     down: infoTip.popupVisible
-    iconSource: "qrc:/gallery/icons/info.png"
+    iconName: "info"
 
     onClicked: infoTip.popupVisible = !infoTip.popupVisible
 

@@ -1,6 +1,7 @@
 // A button with a caption, for an action.
 //
 // text: the caption.
+// iconName: a glyph of the 16 pixel set before the caption, see UiIcon; none by default.
 // style: Ui.PrimaryPushButtonStyle for the action that a screen is about, Ui.SecondaryPushButtonStyle
 //     (and Ui.AutomaticPushButtonStyle) for the others.
 // Keys: Return, Enter and Space click it.
@@ -11,10 +12,12 @@ import tamber.Ui.Private 1.0
 UiPushButtonBase {
     id: root
 
+    property string iconName: ""
+
     readonly property bool primary: style === Ui.PrimaryPushButtonStyle
     readonly property bool sunken: pressed || down
 
-    implicitWidth: Math.max(88, Math.ceil(caption.implicitWidth) + 32)
+    implicitWidth: Math.max(88, Math.ceil(caption.implicitWidth) + content.iconWidth + 32)
     implicitHeight: 32
 
     Accessible.role: Accessible.Button
@@ -46,20 +49,41 @@ UiPushButtonBase {
         }
     }
 
-    UiText {
-        id: caption
+    Item {
+        id: content
+
+        readonly property int iconWidth: icon.visible ? icon.width + 8 : 0
 
         anchors.centerIn: parent
-        width: Math.min(Math.ceil(implicitWidth), root.width - 16)
-        color: !root.enabled ? UiColors.getColor(UiColors.MediumGrey33)
-             : root.primary ? UiColors.getColor(UiColors.White)
-             : UiColors.getColor(UiColors.DarkGrey80)
-        elide: Text.ElideRight
-        font: UiFonts.getFont(root.primary ? UiFonts.SemiBold : UiFonts.Regular, 14)
-        horizontalAlignment: Text.AlignHCenter
-        text: root.text
+        width: iconWidth + caption.width
+        height: 16
 
-        Accessible.ignored: true
+        UiIcon {
+            id: icon
+
+            disabled: root.enabled ? 0 : 1
+            highlight: root.enabled && root.primary ? 1 : 0
+            iconName: root.iconName
+            iconSize: UiIcon.Icon_16x16
+            visible: iconName !== ""
+        }
+
+        UiText {
+            id: caption
+
+            x: content.iconWidth
+            width: Math.min(Math.ceil(implicitWidth), root.width - content.iconWidth - 16)
+            height: content.height
+            color: !root.enabled ? UiColors.getColor(UiColors.MediumGrey33)
+                 : root.primary ? UiColors.getColor(UiColors.White)
+                 : UiColors.getColor(UiColors.DarkGrey80)
+            elide: Text.ElideRight
+            font: UiFonts.getFont(root.primary ? UiFonts.SemiBold : UiFonts.Regular, 14)
+            horizontalAlignment: Text.AlignHCenter
+            text: root.text
+
+            Accessible.ignored: true
+        }
     }
 
     FocusFrame {}

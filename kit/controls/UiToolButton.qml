@@ -1,7 +1,8 @@
 // A button of a tool bar: an icon, with its text beside it or without.
 //
 // text: the caption; with Ui.IconOnly it is what assistive tools say.
-// iconSource: the image of the icon, drawn at 24 x 24.
+// iconName: a glyph of the 24 pixel set, see UiIcon.
+// iconSource: a picture of 24 x 24 instead, where the set has no such glyph.
 // style: Ui.IconAndText (the default) or Ui.IconOnly.
 // Keys: Return, Enter and Space click it. It takes the focus by Tab, not by the mouse.
 import QtQuick 2.15
@@ -12,9 +13,10 @@ UiToolButtonBase {
     id: root
 
     property string text: ""
+    property string iconName: ""
     property url iconSource: ""
 
-    readonly property bool hasIcon: iconSource.toString() !== ""
+    readonly property bool hasIcon: iconName !== "" || iconSource.toString() !== ""
     readonly property bool hasText: text !== "" && (style === Ui.IconAndText || !hasIcon)
 
     implicitWidth: content.width + (hasText ? 16 : 8)
@@ -41,13 +43,19 @@ UiToolButtonBase {
         height: 24
         spacing: 6
 
+        UiIcon {
+            disabled: root.enabled ? 0 : 1
+            iconName: root.iconName
+            visible: root.iconName !== ""
+        }
+
         Image {
             width: 24
             height: 24
             fillMode: Image.Pad
             opacity: root.enabled ? 1 : 0.4
             source: root.iconSource
-            visible: root.hasIcon
+            visible: root.iconName === "" && root.hasIcon
         }
 
         UiText {

@@ -133,6 +133,8 @@ void tst_Kit::statesLookDifferent_data()
         "UiPushButton { text: 'Go'; style: Ui.SecondaryPushButtonStyle ");
     QTest::newRow("tool") << QStringLiteral(
         "UiToolButton { text: 'Go'; iconSource: 'qrc:/ui/images/checkmark.png' ");
+    QTest::newRow("tool glyph") << QStringLiteral("UiToolButton { iconName: 'cut' ");
+    QTest::newRow("push glyph") << QStringLiteral("UiPushButton { text: 'Go'; iconName: 'okay' ");
     QTest::newRow("check") << QStringLiteral("UiCheckBox { text: 'Go' ");
     QTest::newRow("combo") << QStringLiteral("UiComboBox { model: ['Go']; currentIndex: 0 ");
 }
