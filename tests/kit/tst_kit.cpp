@@ -34,6 +34,9 @@ private Q_SLOTS:
     void comboBoxTexts();
     void comboBoxKeys();
     void comboBoxTypeAhead();
+    void comboBoxLeavesKeysAlone();
+    void comboBoxKeysBesideRestingPointer();
+    void comboBoxDisabledWhileOpen();
     void comboBoxPointer();
     void comboBoxWheel();
     void comboBoxShowsItsRow_data();
@@ -367,6 +370,61 @@ void tst_Kit::comboBoxTypeAhead()
     }
     QTest::keyClick(scene.window(), Qt::Key_X);
     QCOMPARE(currentIndex(combo), 1);
+}
+
+// Keys that are nothing to the field go on to what is around it.
+void tst_Kit::comboBoxLeavesKeysAlone()
+{
+    Scene scene(QStringLiteral("property int keys: 0\n"
+                               "Keys.onPressed: if (event.key !== Qt.Key_Alt) ++keys\n")
+                + kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    combo->forceActiveFocus();
+    for (Qt::Key key : { Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete })
+        QTest::keyClick(scene.window(), key);
+    QTest::keyClick(scene.window(), Qt::Key_F4, Qt::AltModifier);
+    QCOMPARE(scene.root()->property("keys").toInt(), 4);
+    QVERIFY(!isOpen(combo));
+    QTest::keyClick(scene.window(), Qt::Key_D);
+    QCOMPARE(currentIndex(combo), 4);
+
+    combo->setProperty("model", QStringList());
+    for (Qt::Key key : { Qt::Key_A, Qt::Key_B, Qt::Key_Down, Qt::Key_End, Qt::Key_Space })
+        QTest::keyClick(scene.window(), key);
+    QVERIFY(!isOpen(combo));
+}
+
+// Rows that the keys scroll past a resting pointer are not what it chooses.
+void tst_Kit::comboBoxKeysBesideRestingPointer()
+{
+    Scene scene(QStringLiteral("UiComboBox { objectName: 'combo'; model: 50; currentIndex: 0 }"));
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    QMetaObject::invokeMethod(combo, "show");
+    QVERIFY(scene.waitForFrame());
+    move(scene.window(), center(scene.find("comboItem3")));
+    QCOMPARE(combo->property("highlightedIndex").toInt(), 3);
+    for (int row = 4; row < 20; ++row) {
+        QTest::keyClick(scene.window(), Qt::Key_Down);
+        QVERIFY(scene.waitForFrame());
+        QCOMPARE(combo->property("highlightedIndex").toInt(), row);
+    }
+    QTest::keyClick(scene.window(), Qt::Key_Escape);
+}
+
+void tst_Kit::comboBoxDisabledWhileOpen()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    QMetaObject::invokeMethod(combo, "show");
+    combo->setEnabled(false);
+    QVERIFY(!isOpen(combo));
+    combo->setEnabled(true);
+    QMetaObject::invokeMethod(combo, "show");
+    combo->setVisible(false);
+    QVERIFY(!isOpen(combo));
 }
 
 void tst_Kit::comboBoxPointer()
