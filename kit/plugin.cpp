@@ -1,5 +1,7 @@
 #include "plugin.h"
 
+#include <TamberUi/Border>
+#include <TamberUi/CheckerBoard>
 #include <TamberUi/Colors>
 #include <TamberUi/Fonts>
 #include <TamberUi/Logging>
@@ -46,6 +48,8 @@ void registerPublic(const char *uri)
     qmlRegisterSingletonType<Fonts>(uri, major, minor, "UiFonts", createNames<Fonts>);
     qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
                                    QStringLiteral("Ui only has enumerations"));
+    qmlRegisterType<Border>(uri, major, minor, "UiBorder");
+    qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
 
     for (const char *control : {
              "UiCheckBox",
