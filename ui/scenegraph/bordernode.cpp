@@ -12,6 +12,7 @@
 #include <QtQuick/QSGSimpleMaterial>
 
 #include <algorithm>
+#include <tuple>
 
 namespace ta::ui {
 
@@ -97,19 +98,24 @@ void DashedBorderShader::updateState(const DashedBorderData *data, const DashedB
         program()->setUniformValue(m_gap, data->gap);
 }
 
-using DashedBorderMaterial = QSGSimpleMaterial<DashedBorderData>;
+using DashedBorderMaterial = QSGSimpleMaterialComparableMaterial<DashedBorderData>;
 
 DashedBorderMaterial *createDashedMaterial()
 {
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
     auto *material = new DashedBorderMaterial(DashedBorderShader::createShader);
-    QT_WARNING_POP
     material->setFlag(QSGMaterial::Blending);
     return material;
 }
 
 } // namespace
+
+int DashedBorderData::compare(const DashedBorderData *other) const
+{
+    const auto values = [](const DashedBorderData *data) {
+        return std::tie(data->red, data->green, data->blue, data->alpha, data->dash, data->gap);
+    };
+    return values(this) < values(other) ? -1 : int(values(other) < values(this));
+}
 
 SolidBorderNode::SolidBorderNode()
 {

@@ -27,8 +27,11 @@ public:
 };
 
 /// What the dash shader draws with.
-struct DashedBorderData
+struct TAMBERUI_PRIVATE_EXPORT DashedBorderData
 {
+    /// 0 where both look alike; those borders go into one draw call.
+    int compare(const DashedBorderData *other) const;
+
     float red = 0; ///< not multiplied with alpha
     float green = 0;
     float blue = 0;
