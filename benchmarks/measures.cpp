@@ -16,6 +16,11 @@ constexpr int kWarmUps = 50;
 constexpr int kTimedObjects = 500;
 constexpr int kWeighedObjects = 1000;
 constexpr int kOpenings = 10;
+constexpr int kFirstFrames = 2; // not timed: the renderer sorts what is new
+constexpr int kFrames = 10;
+constexpr QSize kLargeWindow(1280, 960);
+constexpr int kColumns = 40; // of the objects in the large window
+constexpr int kCell = 29; // pixels from one to the next
 constexpr QPoint kPopupPixel(100, 295);
 
 double heapInUse()
@@ -42,6 +47,45 @@ double perObject(Stage &stage, const QByteArray &qml, int count, double (*counte
     const double before = counter();
     create(count);
     return (counter() - before) / count;
+}
+
+// What is drawn counts, so it must lie inside the window.
+void verifyInside(const QQuickItem *item)
+{
+    const QRectF area(item->position(), item->size());
+    if (area.isEmpty() || !QRectF(QPointF(), kLargeWindow).contains(area))
+        qFatal("%s does not lie inside the window", item->metaObject()->className());
+}
+
+double timeFrames(Stage &stage, const Frames &frames, Before before, Until until)
+{
+    const Stage::Enlarged enlarged(stage, kLargeWindow);
+    const auto component = stage.compile(frames.qml);
+    QQuickItem parent(stage.window().contentItem());
+    std::vector<std::unique_ptr<QQuickItem>> items;
+    for (int i = 0; i < frames.count; ++i) {
+        items.emplace_back(qobject_cast<QQuickItem *>(stage.create(*component, &parent)));
+        items.back()->setPosition(QPointF(i % kColumns, i / kColumns) * kCell);
+        verifyInside(items.back().get());
+    }
+    stage.settle();
+
+    QVector<double> times;
+    const auto last = until == Until::Shown ? &QQuickWindow::frameSwapped
+                                            : &QQuickWindow::afterRendering;
+    for (int frame = 0; frame < kFirstFrames + kFrames; ++frame) {
+        if (before == Before::Resize) {
+            const QSizeF change = frame % 2 ? QSizeF(-1, -1) : QSizeF(1, 1);
+            for (const auto &item : items)
+                item->setSize(item->size() + change);
+        }
+        const double time = stage.untilFrame([&stage] { stage.window().update(); }, last);
+        if (frame >= kFirstFrames)
+            times.append(time);
+    }
+    items.clear();
+    stage.settle();
+    return median(times);
 }
 
 QQuickItem *findContent(QQuickItem *item)
@@ -115,6 +159,11 @@ Measure creationTime(const QByteArray &qml)
 Measure creationHeap(const QByteArray &qml)
 {
     return [qml](Stage &stage) { return perObject(stage, qml, kWeighedObjects, heapInUse); };
+}
+
+Measure frameTime(const Frames &frames, Before before, Until until)
+{
+    return [=](Stage &stage) { return timeFrames(stage, frames, before, until); };
 }
 
 Measure openingTime(const Popup &popup, Opening which)

@@ -14,6 +14,19 @@ Measure creationTime(const QByteArray &qml);
 /// Bytes of heap that one object inside a shown window takes.
 Measure creationHeap(const QByteArray &qml);
 
+/// Frames of a window in which \a count objects lie beside and above each other.
+struct Frames
+{
+    QByteArray qml;
+    int count = 1000;
+};
+enum class Before { Nothing, Resize }; ///< what happens to each object before the frame
+enum class Until { Rendered, Shown };
+
+/// Microseconds of the GUI thread for polishing, synchronising and rendering; until Shown, filling
+/// the pixels is in it where there is no graphics card.
+Measure frameTime(const Frames &frames, Before before, Until until);
+
 /// A popup whose visible part is an item with the object name "content".
 struct Popup
 {

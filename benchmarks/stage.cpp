@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kQuiet = 2; // ms without a frame after which none is expected any more
 constexpr int kTimeout = 10000; // ms
+constexpr QSize kSize(220, 320); // little more than a popup: the rest costs both sides the same
 
 // Outside of exec() nothing else deletes what is to be deleted later.
 void processEvents()
@@ -46,7 +47,8 @@ void Stage::prepare()
 
 Stage::Stage()
 {
-    m_window.resize(220, 320); // little more than a popup: the rest costs both sides the same
+    m_engine.addImportPath(QStringLiteral(TAMBERUI_QML_DIR));
+    m_window.resize(kSize);
     m_window.show();
     QElapsedTimer timer;
     timer.start();
@@ -94,10 +96,10 @@ void Stage::settle()
     m_engine.collectGarbage();
 }
 
-double Stage::untilFrame(const std::function<void()> &action)
+double Stage::untilFrame(const std::function<void()> &action, EndOfFrame last)
 {
     double end = 0;
-    const auto connection = QObject::connect(&m_window, &QQuickWindow::frameSwapped, [&end] {
+    const auto connection = QObject::connect(&m_window, last, [&end] {
         if (end == 0)
             end = threadTime();
     });
@@ -112,6 +114,26 @@ double Stage::untilFrame(const std::function<void()> &action)
     }
     QObject::disconnect(connection);
     return end - begin;
+}
+
+Stage::Enlarged::Enlarged(Stage &stage, const QSize &size) : m_stage(stage)
+{
+    m_stage.resize(size);
+}
+
+Stage::Enlarged::~Enlarged()
+{
+    m_stage.resize(kSize);
+}
+
+void Stage::resize(const QSize &size)
+{
+    m_window.resize(size);
+    settle();
+    untilFrame([this] { m_window.update(); });
+    if (m_window.size() != size)
+        qFatal("The window manager does not let the window have %d x %d pixels", size.width(),
+               size.height());
 }
 
 QColor Stage::pixel(QPoint position) const

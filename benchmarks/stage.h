@@ -39,15 +39,32 @@ public:
     /// Returns when everything that was going on has come to an end.
     void settle();
 
-    /// Time of this thread from the call of \a action to the end of the first frame after it. It
-    /// never sleeps in between, so a pause before the frame counts.
-    double untilFrame(const std::function<void()> &action);
+    using EndOfFrame = void (QQuickWindow::*)();
+    /// Time of this thread from the call of \a action to the end of the first frame after it, or to
+    /// an earlier signal of that frame. It never sleeps in between, so a pause before the frame
+    /// counts.
+    double untilFrame(const std::function<void()> &action,
+                      EndOfFrame last = &QQuickWindow::frameSwapped);
 
     /// The colour of the window at \a position in the frame that is being rendered; for use in
     /// handlers of QQuickWindow::afterRendering.
     QColor pixel(QPoint position) const;
 
+    /// For its lifetime the window has another size.
+    class Enlarged
+    {
+    public:
+        Enlarged(Stage &stage, const QSize &size);
+        ~Enlarged();
+        Q_DISABLE_COPY_MOVE(Enlarged)
+
+    private:
+        Stage &m_stage;
+    };
+
 private:
+    void resize(const QSize &size);
+
     QQmlEngine m_engine;
     QQuickWindow m_window;
     QString m_renderer;

@@ -1,5 +1,7 @@
 #include "plugin.h"
 
+#include <TamberUi/Border>
+#include <TamberUi/CheckerBoard>
 #include <TamberUi/Colors>
 #include <TamberUi/Fonts>
 #include <TamberUi/Icon>
@@ -48,6 +50,8 @@ void registerPublic(const char *uri)
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
                                    QStringLiteral("Ui only has enumerations"));
+    qmlRegisterType<Border>(uri, major, minor, "UiBorder");
+    qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
 
     for (const char *control : {
              "UiCheckBox",
