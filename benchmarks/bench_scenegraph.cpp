@@ -52,9 +52,10 @@ const char kVariedIcon[] =
     "iconSize: [UiIcon.Icon_16x16, UiIcon.Icon_24x24, UiIcon.Icon_32x32][pick % 3];"
     "iconName: ['close', 'edit', 'refresh', 'down', 'filter', 'shared', 'left',"
     "'add', 'new-content', 'up', 'info', 'error'][pick] }";
-// One of twelve pictures of about the same sizes; Qt Quick packs them into one texture.
+// One of twelve pictures in one of the same three sizes; Qt Quick packs them into one texture.
 const char kVariedImage[] = "import QtQuick 2.15; Image {"
                             "property int pick: Math.floor(Math.random() * 12)\n"
+                            "width: [16, 24, 32][pick % 3]; height: width;"
                             "source: 'qrc:/ui/images/' + ['checkmark', 'color-transparent',"
                             "'dropdown-indicator', 'color-lightness-handle', 'infotip-peak-up',"
                             "'color-hue-saturation-handle', 'infotip-peak-down', 'tooltip-border',"
@@ -77,8 +78,8 @@ Rows sceneGraphRows()
     const Frames largeBoard = { checkerBoard(large), 1 };
     const Frames largeImage = { tiledImage(large), 1 };
 
-    const Frames icons = { kVariedIcon, 10000 };
-    const Frames pictures = { kVariedImage, 10000 };
+    const Frames icons = { kVariedIcon, 10000, 34 };
+    const Frames pictures = { kVariedImage, 10000, 34 };
 
     const auto create = [](const Frames &kind) { return creationTime(kind.qml); };
     const auto heap = [](const Frames &kind) { return creationHeap(kind.qml); };
@@ -87,6 +88,9 @@ Rows sceneGraphRows()
     };
     const auto resized = [](const Frames &kind) {
         return frameTime(kind, Before::Resize, Until::Rendered);
+    };
+    const auto appearing = [](const Frames &kind) {
+        return frameTime(kind, Before::Appear, Until::Rendered);
     };
     const auto shown = [](const Frames &kind) {
         return frameTime(kind, Before::Nothing, Until::Shown);
@@ -110,6 +114,7 @@ Rows sceneGraphRows()
         { "100 checker boards, resized", "µs", 0.8, resized(board), resized(image) },
         { "create an icon", "µs", 0.7, creationTime(kIcon), creationTime(kImage) },
         { "heap of an icon", "bytes", 0.7, creationHeap(kIcon), creationHeap(kImage) },
+        { "10,000 icons, first frame", "µs", 0.7, appearing(icons), appearing(pictures) },
         { "10,000 icons, next frame", "µs", 0.7, same(icons), same(pictures) },
         { "10,000 icons, resized", "µs", 0.7, resized(icons), resized(pictures) },
     };

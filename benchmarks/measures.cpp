@@ -20,7 +20,6 @@ constexpr int kFirstFrames = 2; // not timed: the renderer sorts what is new
 constexpr int kFrames = 10;
 constexpr QSize kLargeWindow(1280, 960);
 constexpr int kColumns = 40; // of the objects in the large window
-constexpr int kCell = 29; // pixels from one to the next
 constexpr QPoint kPopupPixel(100, 295);
 
 double heapInUse()
@@ -49,7 +48,7 @@ double perObject(Stage &stage, const QByteArray &qml, int count, double (*counte
     return (counter() - before) / count;
 }
 
-// What is drawn counts, so it must lie inside the window.
+// Pixels count, so what they are filled for must lie inside the window.
 void verifyInside(const QQuickItem *item)
 {
     const QRectF area(item->position(), item->size());
@@ -65,8 +64,9 @@ double timeFrames(Stage &stage, const Frames &frames, Before before, Until until
     std::vector<std::unique_ptr<QQuickItem>> items;
     for (int i = 0; i < frames.count; ++i) {
         items.emplace_back(qobject_cast<QQuickItem *>(stage.create(*component, &parent)));
-        items.back()->setPosition(QPointF(i % kColumns, i / kColumns) * kCell);
-        verifyInside(items.back().get());
+        items.back()->setPosition(QPointF(i % kColumns, i / kColumns) * frames.cell);
+        if (until == Until::Shown)
+            verifyInside(items.back().get());
     }
     stage.settle();
 
@@ -78,6 +78,10 @@ double timeFrames(Stage &stage, const Frames &frames, Before before, Until until
             const QSizeF change = frame % 2 ? QSizeF(-1, -1) : QSizeF(1, 1);
             for (const auto &item : items)
                 item->setSize(item->size() + change);
+        } else if (before == Before::Appear) {
+            parent.setParentItem(nullptr);
+            stage.settle();
+            parent.setParentItem(stage.window().contentItem());
         }
         const double time = stage.untilFrame([&stage] { stage.window().update(); }, last);
         if (frame >= kFirstFrames)

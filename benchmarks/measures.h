@@ -19,8 +19,9 @@ struct Frames
 {
     QByteArray qml;
     int count = 1000;
+    int cell = 29; ///< logical pixels from one to the next
 };
-enum class Before { Nothing, Resize }; ///< what happens to each object before the frame
+enum class Before { Nothing, Resize, Appear }; ///< what happens to each object before the frame
 enum class Until { Rendered, Shown };
 
 /// Microseconds of the GUI thread for polishing, synchronising and rendering; until Shown, filling

@@ -6,6 +6,7 @@
 #include "foundation/assign.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QSet>
 #include <QtQuick/QQuickWindow>
 
 namespace ta::ui {
@@ -36,15 +37,31 @@ public:
     }
 
     Icon *const q;
-    Icon::IconSize iconSize = Icon::Icon_24x24;
     QString iconName;
     double disabled = 0;
     double highlight = 0;
     QColor highlightColor = Qt::white;
+    Icon::IconSize iconSize = Icon::Icon_24x24;
     int dirty = DirtyAll;
 };
 
 namespace {
+
+// QML makes a string of its own for every icon that names a glyph; the icons keep one for all of
+// them.
+QString sharedName(const QString &name)
+{
+    static const QSet<QString> names = [] {
+        QSet<QString> all;
+        for (const IconAtlas *atlas : { &iconAtlas_16(), &iconAtlas_24(), &iconAtlas_32() }) {
+            for (int i = 0; i < atlas->entryCount; ++i)
+                all.insert(QString::fromLatin1(atlas->entries[i].name));
+        }
+        return all;
+    }();
+    const auto shared = names.constFind(name);
+    return shared == names.constEnd() ? name : *shared;
+}
 
 // NaN, which is no amount, counts as none.
 double amount(double value)
@@ -69,7 +86,7 @@ QString Icon::iconName() const
 
 void Icon::setIconName(const QString &name)
 {
-    d->set(d->iconName, name, &Icon::iconNameChanged, IconPrivate::DirtyGeometry);
+    d->set(d->iconName, sharedName(name), &Icon::iconNameChanged, IconPrivate::DirtyGeometry);
 }
 
 Icon::IconSize Icon::iconSize() const
