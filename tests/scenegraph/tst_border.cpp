@@ -149,6 +149,7 @@ void tst_Border::setters()
 
     SignalLog log;
     log.watch(border);
+    log.watch(border, { QStringLiteral("widthChanged") });
     border->paints = 0;
     const int minimum = std::numeric_limits<int>::min();
     border->setColor(Qt::black);
@@ -170,9 +171,10 @@ void tst_Border::setters()
     }
     border->setStyle(Border::Solid);
     border->setColor(Qt::red);
+    border->setWidth(99);
     QCOMPARE(log.take().join(u' '),
              QStringLiteral("borderWidthChanged dashWidthChanged gapWidthChanged styleChanged "
-                            "colorChanged"));
+                            "colorChanged widthChanged"));
     QVERIFY(scene.waitForFrame());
     QVERIFY(border->paints > 0);
 }

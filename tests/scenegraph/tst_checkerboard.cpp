@@ -127,6 +127,7 @@ void tst_CheckerBoard::setters()
     QVERIFY(scene.waitForFrame());
     SignalLog log;
     log.watch(board);
+    log.watch(board, { QStringLiteral("widthChanged") });
     board->paints = 0;
     board->setTileSize(12);
     board->setPrimaryColor(Qt::white);
@@ -145,9 +146,10 @@ void tst_CheckerBoard::setters()
     }
     board->setPrimaryColor(Qt::red);
     board->setSecondaryColor(Qt::blue);
+    board->setWidth(99);
     QCOMPARE(log.take().join(u' '),
              QStringLiteral("tileSizeChanged tileSizeChanged primaryColorChanged "
-                            "secondaryColorChanged"));
+                            "secondaryColorChanged widthChanged"));
     QVERIFY(scene.waitForFrame());
     QVERIFY(board->paints > 0);
 }
