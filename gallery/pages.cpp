@@ -19,6 +19,7 @@ constexpr Page kPages[] = {
     { "buttons", "Buttons", "Buttons.qml" },
     { "popups", "Popups", "Popups.qml" },
     { "icons", "Icons", "Icons.qml" },
+    { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },
 };
 
 } // namespace

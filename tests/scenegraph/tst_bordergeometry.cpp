@@ -1,0 +1,160 @@
+#include "support/testcase.h"
+
+#include "scenegraph/bordergeometry_p.h"
+
+#include <cmath>
+#include <limits>
+
+using namespace ta::ui;
+
+using Row = std::array<double, 3>; // x, y, distance
+Q_DECLARE_METATYPE(Row)
+
+class tst_BorderGeometry : public ta::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void solid();
+    void dashed_data();
+    void dashed();
+    void distances();
+    void indices();
+    void strangeSizes_data();
+    void strangeSizes();
+};
+
+namespace {
+
+template <typename Vertex>
+QPointF position(const Vertex &vertex)
+{
+    return QPointF(vertex.x, vertex.y);
+}
+
+// Twice the area, positive where the corners are clockwise on the screen.
+template <typename Vertices>
+double area(const Vertices &vertices, int a, int b, int c)
+{
+    const QPointF p = position(vertices[a]);
+    const QPointF q = position(vertices[b]);
+    const QPointF r = position(vertices[c]);
+    return (q.x() - p.x()) * (r.y() - p.y()) - (q.y() - p.y()) * (r.x() - p.x());
+}
+
+} // namespace
+
+// The fraction of a width stays in a solid border.
+void tst_BorderGeometry::solid()
+{
+    const SolidBorderVertices vertices = solidBorderVertices(QSizeF(100.5, 50), 2.5f);
+    const QPointF expected[] = { { 0, 0 },     { 100.5, 0 }, { 100.5, 50 }, { 0, 50 },
+                                 { 2.5, 2.5 }, { 98, 2.5 },  { 98, 47.5 },  { 2.5, 47.5 } };
+    for (size_t i = 0; i < vertices.size(); ++i)
+        QCOMPARE(position(vertices[i]), expected[i]);
+}
+
+void tst_BorderGeometry::dashed_data()
+{
+    QTest::addColumn<QSizeF>("size");
+    QTest::addColumn<float>("borderWidth");
+    QTest::addColumn<QVector<Row>>("rows");
+
+    // clang-format off
+    QTest::newRow("usual") << QSizeF(100, 50) << 2.0f << QVector<Row> {
+        { 0, 0, 2 }, { 2, 0, 2 }, { 98, 0, 100 }, { 100, 0, 100 },
+        { 100, 2, 100 }, { 100, 48, 148 }, { 100, 50, 148 },
+        { 98, 50, 148 }, { 2, 50, 246 }, { 0, 50, 246 },
+        { 0, 48, 246 }, { 0, 2, 0 },
+        { 2, 2, 2 }, { 98, 2, 100 }, { 98, 48, 148 }, { 2, 48, 246 },
+        { 0, 2, 294 }, { 2, 2, 294 } };
+    // The width loses its fraction, the size keeps it.
+    QTest::newRow("fractions") << QSizeF(30.25, 20.5) << 3.75f << QVector<Row> {
+        { 0, 0, 3 }, { 3, 0, 3 }, { 27.25, 0, 30.25 }, { 30.25, 0, 30.25 },
+        { 30.25, 3, 30.25 }, { 30.25, 17.5, 47.75 }, { 30.25, 20.5, 47.75 },
+        { 27.25, 20.5, 47.75 }, { 3, 20.5, 75 }, { 0, 20.5, 75 },
+        { 0, 17.5, 75 }, { 0, 3, 0 },
+        { 3, 3, 3 }, { 27.25, 3, 30.25 }, { 27.25, 17.5, 47.75 }, { 3, 17.5, 75 },
+        { 0, 3, 92.5 }, { 3, 3, 92.5 } };
+    // Smaller than two widths: the inner vertices change sides and nothing is clamped.
+    QTest::newRow("crossed") << QSizeF(5, 4) << 4.0f << QVector<Row> {
+        { 0, 0, 4 }, { 4, 0, 4 }, { 1, 0, 5 }, { 5, 0, 5 },
+        { 5, 4, 5 }, { 5, 0, 5 }, { 5, 4, 5 },
+        { 1, 4, 5 }, { 4, 4, 6 }, { 0, 4, 6 },
+        { 0, 0, 6 }, { 0, 4, 0 },
+        { 4, 4, 4 }, { 1, 4, 5 }, { 1, 0, 5 }, { 4, 0, 6 },
+        { 0, 4, 6 }, { 4, 4, 6 } };
+    // clang-format on
+}
+
+void tst_BorderGeometry::dashed()
+{
+    QFETCH(QSizeF, size);
+    QFETCH(float, borderWidth);
+    QFETCH(QVector<Row>, rows);
+    const DashedBorderVertices vertices = dashedBorderVertices(size, borderWidth);
+    QCOMPARE(size_t(rows.count()), vertices.size());
+    for (int i = 0; i < rows.count(); ++i) {
+        const Row row = { vertices[i].x, vertices[i].y, vertices[i].distance };
+        QVERIFY2(row == rows.at(i), qPrintable(QString::number(i)));
+    }
+}
+
+// Once around is the outline less three corners, each of which counts once and not twice.
+void tst_BorderGeometry::distances()
+{
+    const BorderDistances along = borderDistances(QSizeF(1e6 + 0.25, 1e6), 3);
+    QCOMPARE(along.start, 0.0);
+    QCOMPARE(along.top, 3.0);
+    QCOMPARE(along.right, 1e6 + 0.25);
+    QCOMPARE(along.bottom, 2e6 + 0.25 - 3);
+    QCOMPARE(along.left, 3e6 + 0.5 - 6);
+    QCOMPARE(along.end, 4e6 + 0.5 - 9); // floats would be out by quarters here
+}
+
+// The triangles cover the frame and nothing but the frame, each place once.
+void tst_BorderGeometry::indices()
+{
+    const QSizeF size(100, 50);
+    const double frame = 100 * 50 - 90 * 40;
+
+    const DashedBorderVertices dashed = dashedBorderVertices(size, 5);
+    double covered = 0;
+    for (size_t i = 0; i < kDashedBorderIndices.size(); i += 3)
+        covered += std::abs(area(dashed, kDashedBorderIndices[i], kDashedBorderIndices[i + 1],
+                                 kDashedBorderIndices[i + 2]))
+                   / 2;
+    QCOMPARE(covered, frame);
+
+    const SolidBorderVertices solid = solidBorderVertices(size, 5);
+    covered = 0;
+    for (size_t i = 2; i < kSolidBorderIndices.size(); ++i)
+        covered += std::abs(area(solid, kSolidBorderIndices[i - 2], kSolidBorderIndices[i - 1],
+                                 kSolidBorderIndices[i]))
+                   / 2;
+    QCOMPARE(covered, frame);
+}
+
+void tst_BorderGeometry::strangeSizes_data()
+{
+    QTest::addColumn<double>("extent");
+    QTest::newRow("zero") << 0.0;
+    QTest::newRow("negative") << -100.0;
+    QTest::newRow("huge") << 1e300;
+    QTest::newRow("infinite") << std::numeric_limits<double>::infinity();
+    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN();
+}
+
+// Nothing undefined happens, and the corner that every border has stays where it is.
+void tst_BorderGeometry::strangeSizes()
+{
+    QFETCH(double, extent);
+    for (float width : { 1.0f, 2.0e9f, -3.0f, std::numeric_limits<float>::quiet_NaN(),
+                         std::numeric_limits<float>::infinity() }) {
+        QCOMPARE(position(solidBorderVertices(QSizeF(extent, extent), width)[0]), QPointF());
+        QCOMPARE(position(dashedBorderVertices(QSizeF(extent, extent), width)[0]), QPointF());
+    }
+}
+
+TAMBER_TEST_MAIN(tst_BorderGeometry)
+#include "tst_bordergeometry.moc"
