@@ -66,7 +66,7 @@ int main(int argc, char **argv)
         return 2;
 
     ta::ui::register_private();
-    const bench::Rows rows = bench::buttonRows() + bench::popupRows();
+    const bench::Rows rows = bench::buttonRows() + bench::popupRows() + bench::sliderRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

@@ -1,6 +1,7 @@
 #include "plugin.h"
 
 #include <TamberUi/Colors>
+#include <TamberUi/DefaultSlider>
 #include <TamberUi/Fonts>
 #include <TamberUi/Logging>
 #include <TamberUi/Module>
@@ -47,6 +48,8 @@ void registerPublic(const char *uri)
     qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
                                    QStringLiteral("Ui only has enumerations"));
 
+    qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+
     for (const char *control : {
              "UiCheckBox",
              "UiComboBox",
@@ -54,6 +57,7 @@ void registerPublic(const char *uri)
              "UiInfoTip",
              "UiLoadIndicator",
              "UiPushButton",
+             "UiSlider",
              "UiText",
              "UiToolButton",
          }) {
