@@ -66,7 +66,8 @@ int main(int argc, char **argv)
         return 2;
 
     ta::ui::register_private();
-    const bench::Rows rows = bench::buttonRows() + bench::popupRows() + bench::sceneGraphRows();
+    const bench::Rows rows = bench::buttonRows() + bench::popupRows() + bench::sliderRows()
+                             + bench::sceneGraphRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

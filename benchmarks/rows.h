@@ -8,5 +8,6 @@ namespace bench {
 Rows buttonRows();
 Rows popupRows();
 Rows sceneGraphRows();
+Rows sliderRows();
 
 } // namespace bench

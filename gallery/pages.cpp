@@ -17,6 +17,7 @@ struct Page
 constexpr Page kPages[] = {
     { "colours-and-fonts", "Colours and fonts", "ColoursAndFonts.qml" },
     { "buttons", "Buttons", "Buttons.qml" },
+    { "sliders", "Sliders", "Sliders.qml" },
     { "popups", "Popups", "Popups.qml" },
     { "icons", "Icons", "Icons.qml" },
     { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },

@@ -3,6 +3,7 @@
 #include <TamberUi/Border>
 #include <TamberUi/CheckerBoard>
 #include <TamberUi/Colors>
+#include <TamberUi/DefaultSlider>
 #include <TamberUi/Fonts>
 #include <TamberUi/Icon>
 #include <TamberUi/Logging>
@@ -53,6 +54,8 @@ void registerPublic(const char *uri)
     qmlRegisterType<Border>(uri, major, minor, "UiBorder");
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
 
+    qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+
     for (const char *control : {
              "UiCheckBox",
              "UiComboBox",
@@ -60,6 +63,7 @@ void registerPublic(const char *uri)
              "UiInfoTip",
              "UiLoadIndicator",
              "UiPushButton",
+             "UiSlider",
              "UiText",
              "UiToolButton",
          }) {

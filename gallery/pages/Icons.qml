@@ -46,16 +46,20 @@ Page {
                 objectName: "iconSize"
             }
 
-            LabelledSlider {
+            UiSlider {
                 id: disabledSlider
 
-                label: qsTr("Disabled")
+                width: 176
+                text: qsTr("Disabled")
+                valueText: value.toFixed(2)
             }
 
-            LabelledSlider {
+            UiSlider {
                 id: highlightSlider
 
-                label: qsTr("Highlight")
+                width: 176
+                text: qsTr("Highlight")
+                valueText: value.toFixed(2)
             }
         }
 

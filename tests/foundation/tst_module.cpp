@@ -55,6 +55,7 @@ void tst_Module::privateModule()
         { "UiCheckButtonBase", "ta::ui::CheckButtonBase" },
         { "UiToolButtonBase", "ta::ui::ToolButtonBase" },
         { "UiPushButtonBase", "ta::ui::PushButtonBase" },
+        { "UiSliderBase", "ta::ui::SliderBase" },
     };
     for (const auto &type : types) {
         const auto object = create("1.0", type.name);

@@ -3,6 +3,7 @@
 #include "controls/buttonbase.h"
 #include "controls/checkbuttonbase.h"
 #include "controls/pushbuttonbase.h"
+#include "controls/sliderbase.h"
 #include "controls/toolbuttonbase.h"
 #include "popups/popupanchor.h"
 
@@ -24,6 +25,7 @@ void register_private()
     qmlRegisterType<CheckButtonBase>(uri, major, minor, "UiCheckButtonBase");
     qmlRegisterType<ToolButtonBase>(uri, major, minor, "UiToolButtonBase");
     qmlRegisterType<PushButtonBase>(uri, major, minor, "UiPushButtonBase");
+    qmlRegisterType<SliderBase>(uri, major, minor, "UiSliderBase");
 }
 
 } // namespace ta::ui

@@ -1,0 +1,593 @@
+// variants: threaded scale2 x11
+#include "controls/slidergeometry_p.h"
+#include "support/input.h"
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/DefaultSlider>
+
+#include <QtQml/qqml.h>
+#include <QtQuick/QSGMaterial>
+#include <QtQuick/QSGNode>
+
+#include <limits>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+namespace {
+
+// A slider whose nodes are made and looked at without a window.
+class BareSlider : public DefaultSlider
+{
+public:
+    QSGGeometryNode *sync(QSGNode *old = nullptr)
+    {
+        return static_cast<QSGGeometryNode *>(updatePaintNode(old, nullptr));
+    }
+};
+
+struct Nodes
+{
+    explicit Nodes(QSGGeometryNode *root)
+        : track(root), valueBar(static_cast<QSGGeometryNode *>(root->childAtIndex(0))),
+          opacity(static_cast<QSGOpacityNode *>(root->childAtIndex(1))),
+          handle(static_cast<QSGGeometryNode *>(opacity->firstChild()))
+    {
+    }
+
+    QSGGeometryNode *track;
+    QSGGeometryNode *valueBar;
+    QSGOpacityNode *opacity;
+    QSGGeometryNode *handle;
+};
+
+SliderPoint2D *vertices(const QSGGeometryNode *node)
+{
+    return static_cast<SliderPoint2D *>(const_cast<QSGGeometry *>(node->geometry())->vertexData());
+}
+
+// Left, top, right, bottom, where the edge distances say that these are.
+QVector<double> edges(const SliderPoint2D *quad)
+{
+    const float distances[4][2] = { { -1, -1 }, { 1, -1 }, { -1, 1 }, { 1, 1 } };
+    for (int i = 0; i < 4; ++i) {
+        if (quad[i].dx != distances[i][0] || quad[i].dy != distances[i][1]
+            || quad[i].x != quad[i % 2].x || quad[i].y != quad[i / 2 * 2].y)
+            return {};
+    }
+    return { quad[0].x, quad[0].y, quad[3].x, quad[3].y };
+}
+
+QColor color(const SliderPoint2D &point)
+{
+    return QColor(point.red, point.green, point.blue, point.alpha);
+}
+
+bool isNear(const QColor &a, const QColor &b, int tolerance = 2)
+{
+    return qAbs(a.red() - b.red()) <= tolerance && qAbs(a.green() - b.green()) <= tolerance
+           && qAbs(a.blue() - b.blue()) <= tolerance;
+}
+
+// How much of black covers white there: 0 to 1.
+double coverage(const QImage &image, int x, int y)
+{
+    return 1 - image.pixelColor(x, y).redF();
+}
+
+// The pixel that contains the logical position.
+QColor pixel(const QImage &image, const QPointF &position)
+{
+    const QPointF place = position * image.devicePixelRatio();
+    return image.pixelColor(int(place.x()), int(place.y()));
+}
+
+QString sliderQml(const char *properties)
+{
+    return QStringLiteral("Rectangle { anchors.fill: parent }\n"
+                          "UiDefaultSlider { objectName: 'slider'; x: 20; y: 10; width: 100;"
+                          "height: 20; trackBaseColor: 'black'; handleColor: 'blue';"
+                          "valueBarColor: 'red'; ")
+           + QLatin1String(properties) + QLatin1String("}");
+}
+
+const QSize kWindow(200, 60);
+
+} // namespace
+
+class tst_DefaultSlider : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void rectangles_data();
+    void rectangles();
+    void extremes_data();
+    void extremes();
+    void attributes();
+    void defaults();
+    void properties();
+    void nodes();
+    void whatIsRewritten_data();
+    void whatIsRewritten();
+    void antialiasingSwitches();
+    void softEdges();
+    void hardEdges();
+    void blending();
+    void followsInput();
+    void resized();
+    void anotherWindow();
+    void shownAgain();
+    void handlersThatDestroy();
+};
+
+void tst_DefaultSlider::initTestCase()
+{
+    Scene::useKit();
+}
+
+void tst_DefaultSlider::rectangles_data()
+{
+    QTest::addColumn<QSizeF>("size");
+    QTest::addColumn<int>("margin");
+    QTest::addColumn<double>("position");
+    QTest::addColumn<bool>("antialiasing");
+    QTest::addColumn<int>("handleWidth");
+    QTest::addColumn<double>("origin");
+    QTest::addColumn<QVector<double>>("track");
+    QTest::addColumn<QVector<double>>("handle");
+    QTest::addColumn<QVector<double>>("valueBar");
+    using Edges = QVector<double>;
+    QTest::newRow("defaults") << QSizeF(100, 20) << 3 << 0.5 << true << 3 << 0.0
+                              << Edges { 2.5, 8.5, 94.5, 11.5 } << Edges { 47, -0.5, 51, 20.5 }
+                              << Edges { 49, 7.5, 3.5, 12.5 };
+    QTest::newRow("hard") << QSizeF(100, 20) << 3 << 0.5 << false << 3 << 0.0
+                          << Edges { 3, 9, 94, 11 } << Edges { 47.5, 0, 50.5, 20 }
+                          << Edges { 49.5, 8, 3, 12 };
+    QTest::newRow("right end") << QSizeF(100, 20) << 3 << 1.0 << false << 3 << 0.5
+                               << Edges { 3, 9, 94, 11 } << Edges { 93.5, 0, 96.5, 20 }
+                               << Edges { 96, 8, 49.5, 12 };
+    QTest::newRow("left end") << QSizeF(100, 20) << 3 << 0.0 << true << 3 << 0.5
+                              << Edges { 2.5, 8.5, 94.5, 11.5 } << Edges { 1, -0.5, 5, 20.5 }
+                              << Edges { 49, 7.5, 3.5, 12.5 };
+    // An even handle has its centre between pixels, and the track one pixel more to run.
+    QTest::newRow("even handle") << QSizeF(100, 20) << 3 << 1.0 << false << 4 << 1.0
+                                 << Edges { 3, 9, 94, 11 } << Edges { 94, 0, 98, 20 }
+                                 << Edges { 96, 8, 96, 12 };
+    // Fractions: cut, rounded, or kept.
+    QTest::newRow("fractions") << QSizeF(100.75, 21.5) << 3 << 0.5 << false << 3 << 0.0
+                               << Edges { 3, 9.75, 94, 11.75 } << Edges { 47.5, 0, 50.5, 22 }
+                               << Edges { 49.875, 9, 3, 13 };
+    QTest::newRow("half a step") << QSizeF(9, 20) << 3 << 0.5 << false << 3 << 0.0
+                                 << Edges { 3, 9, 3, 11 } << Edges { 2.5, 0, 5.5, 20 }
+                                 << Edges { 4, 8, 3, 12 };
+    QTest::newRow("nothing") << QSizeF(0, 0) << 0 << 0.5 << true << 3 << 0.0
+                             << Edges { -0.5, -1.5, 0.5, 1.5 } << Edges { -3, -0.5, 1, 0.5 }
+                             << Edges { -0.5, -2.5, 0, 2.5 };
+}
+
+void tst_DefaultSlider::rectangles()
+{
+    QFETCH(QSizeF, size);
+    QFETCH(int, margin);
+    QFETCH(double, position);
+    QFETCH(bool, antialiasing);
+    QFETCH(int, handleWidth);
+    QFETCH(double, origin);
+    const SliderFrame frame { size, margin, position, antialiasing };
+    const SliderQuad track = sliderTrack(frame, 2, Qt::red, QColor(1, 2, 3, 4));
+    QTEST(edges(track.data()), "track");
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(color(track[i]), i % 2 ? QColor(1, 2, 3, 4) : QColor(Qt::red));
+    const SliderQuad handle = sliderHandle(frame, handleWidth, Qt::green);
+    QTEST(edges(handle.data()), "handle");
+    const SliderQuad valueBar = sliderValueBar(frame, 4, float(origin), Qt::blue);
+    QTEST(edges(valueBar.data()), "valueBar");
+    for (int i = 0; i < 4; ++i) {
+        QCOMPARE(color(handle[i]), QColor(Qt::green));
+        QCOMPARE(color(valueBar[i]), QColor(Qt::blue));
+    }
+}
+
+void tst_DefaultSlider::extremes_data()
+{
+    QTest::addColumn<double>("number");
+    QTest::newRow("NaN") << qQNaN();
+    QTest::newRow("infinity") << std::numeric_limits<double>::infinity();
+    QTest::newRow("huge") << 1e30;
+    QTest::newRow("negative") << -1e30;
+}
+
+// Nonsense makes nonsense, and nothing worse; the sanitizers look on.
+void tst_DefaultSlider::extremes()
+{
+    QFETCH(double, number);
+    const int big = std::numeric_limits<int>::max();
+    const int small = std::numeric_limits<int>::min();
+    for (int length : { small, -1, 0, big }) {
+        for (const QSizeF &size : { QSizeF(number, 20), QSizeF(100, number) }) {
+            const SliderFrame frame { size, length, number, true };
+            sliderTrack(frame, length, Qt::red, QColor());
+            sliderHandle(frame, length, Qt::red);
+            sliderValueBar(frame, length, float(number), Qt::red);
+        }
+    }
+
+    BareSlider slider;
+    slider.setWidth(number);
+    slider.setHeight(number);
+    slider.setValue(number);
+    slider.setHandleOpacity(number);
+    slider.setValueBarOrigin(float(number));
+    slider.setValueBarVisible(true);
+    const std::unique_ptr<QSGGeometryNode> root(slider.sync());
+    QVERIFY(Nodes(root.get()).opacity->opacity() >= 0);
+    QVERIFY(!qIsNaN(slider.handleOpacity()) && !qIsNaN(slider.valueBarOrigin()));
+}
+
+void tst_DefaultSlider::attributes()
+{
+    const QSGGeometry::AttributeSet &set = SliderPoint2D_AttributeSet;
+    QCOMPARE(set.count, 3);
+    QCOMPARE(set.stride, 20);
+    const int expected[][4] = { { 0, 2, QSGGeometry::FloatType, true },
+                                { 1, 2, QSGGeometry::FloatType, false },
+                                { 2, 4, QSGGeometry::UnsignedByteType, false } };
+    for (int i = 0; i < 3; ++i) {
+        QCOMPARE(set.attributes[i].position, expected[i][0]);
+        QCOMPARE(set.attributes[i].tupleSize, expected[i][1]);
+        QCOMPARE(set.attributes[i].type, expected[i][2]);
+        QCOMPARE(int(set.attributes[i].isVertexCoordinate), expected[i][3]);
+    }
+}
+
+void tst_DefaultSlider::defaults()
+{
+    DefaultSlider slider;
+    QVERIFY(slider.children().isEmpty());
+    QVERIFY(slider.flags().testFlag(QQuickItem::ItemHasContents));
+    QCOMPARE(slider.implicitWidth(), 100.0);
+    QCOMPARE(slider.implicitHeight(), 20.0);
+    QCOMPARE(slider.margin(), 3);
+    QCOMPARE(slider.trackHeight(), 2);
+    QCOMPARE(slider.handleWidth(), 3);
+    QCOMPARE(slider.valueBarHeight(), 4);
+    QCOMPARE(slider.trackBaseColor(), QColor(Qt::gray));
+    QVERIFY(!slider.trackMaximumColor().isValid());
+}
+
+void tst_DefaultSlider::properties()
+{
+    DefaultSlider slider;
+    SignalLog log;
+    log.watch(&slider);
+    QStringList expected;
+    const struct
+    {
+        const char *name;
+        QVariant value;
+        QVariant same;
+    } rows[] = {
+        { "trackHeight", 5, 5 },
+        { "trackBaseColor", QColor(Qt::red), QColor(Qt::red) },
+        { "trackMaximumColor", QColor(Qt::red), QColor(Qt::red) },
+        { "handleWidth", -1, -1 },
+        { "handleColor", QColor(), QColor() },
+        { "handleOpacity", 0.5, 0.5000000000001 },
+        { "valueBarVisible", true, true },
+        { "valueBarOrigin", 0.5f, 0.500001f },
+        { "valueBarHeight", 0, 0 },
+        { "valueBarColor", QColor(Qt::red), QColor(Qt::red) },
+    };
+    for (const auto &row : rows) {
+        QVERIFY(slider.setProperty(row.name, row.value));
+        QVERIFY(slider.setProperty(row.name, row.same));
+        QCOMPARE(slider.property(row.name), row.value);
+        expected.append(QLatin1String(row.name) + QStringLiteral("Changed"));
+    }
+    QCOMPARE(log.take(), expected);
+    slider.setHandleOpacity(qQNaN());
+    slider.setValueBarOrigin(float(qQNaN()));
+    QCOMPARE(log.take(), QStringList());
+}
+
+// A track with two children, one material for all, and a bar that is skipped while it is hidden.
+void tst_DefaultSlider::nodes()
+{
+    BareSlider slider;
+    slider.setSize(QSizeF(100, 20));
+    const std::unique_ptr<QSGGeometryNode> root(slider.sync());
+    const Nodes nodes(root.get());
+    QCOMPARE(root->childCount(), 2);
+    QCOMPARE(nodes.opacity->childCount(), 1);
+    QVERIFY(nodes.valueBar->isSubtreeBlocked());
+    for (const QSGGeometryNode *node : { nodes.track, nodes.valueBar, nodes.handle }) {
+        QCOMPARE(node->material(), root->material());
+        QCOMPARE(node->geometry()->vertexCount(), 4);
+        QCOMPARE(node->geometry()->indexCount(), 0);
+        QCOMPARE(node->geometry()->drawingMode(), unsigned(QSGGeometry::DrawTriangleStrip));
+    }
+    QCOMPARE(edges(vertices(nodes.track)), QVector<double>({ 3, 9, 94, 11 }));
+    QCOMPARE(color(vertices(nodes.track)[1]), QColor(Qt::gray));
+
+    slider.setTrackMaximumColor(Qt::red);
+    slider.setValueBarVisible(true);
+    slider.setValueBarOrigin(0.5f);
+    slider.setValue(0.75);
+    QCOMPARE(slider.sync(root.get()), root.get());
+    QVERIFY(!nodes.valueBar->isSubtreeBlocked());
+    QCOMPARE(edges(vertices(nodes.valueBar)), QVector<double>({ 72.75, 8, 49.5, 12 }));
+    QCOMPARE(color(vertices(nodes.track)[3]), QColor(Qt::red));
+    QCOMPARE(color(vertices(nodes.track)[2]), QColor(Qt::gray));
+
+    // Nothing of an item tells how another one's nodes look.
+    BareSlider other;
+    other.setSize(QSizeF(100, 20));
+    const std::unique_ptr<QSGGeometryNode> otherRoot(other.sync());
+    QCOMPARE(otherRoot->material()->type(), root->material()->type());
+    QCOMPARE(otherRoot->material()->compare(root->material()), 0);
+}
+
+void tst_DefaultSlider::whatIsRewritten_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QByteArray>("rewritten"); // t: track, b: value bar, h: handle, o: opacity
+    const QVariant red = QColor(Qt::red);
+    const auto row = [](const char *property, const QVariant &value, const char *rewritten) {
+        QTest::newRow(property) << QByteArray(property) << value << QByteArray(rewritten);
+    };
+    row("value", 0.25, "bh");
+    row("trackHeight", 7, "t");
+    row("trackBaseColor", red, "t");
+    row("trackMaximumColor", red, "t");
+    row("handleWidth", 7, "h");
+    row("handleColor", red, "h");
+    row("handleOpacity", 0.25, "o");
+    row("valueBarOrigin", 0.25f, "b");
+    row("valueBarHeight", 7, "b");
+    row("valueBarColor", red, "b");
+    row("minimumValue", 0.25, ""); // while the value stays
+    row("easing", QEasingCurve(QEasingCurve::InQuad), "");
+    row("margin", 5, "");
+    row("x", 50, "");
+}
+
+// Moving a slider writes two rectangles; everything else one, or none. The vertices are spoilt
+// before: what is right afterwards was written.
+void tst_DefaultSlider::whatIsRewritten()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(QVariant, value);
+    QFETCH(QByteArray, rewritten);
+    BareSlider slider;
+    slider.setSize(QSizeF(100, 20));
+    slider.setValueBarVisible(true);
+    const std::unique_ptr<QSGGeometryNode> root(slider.sync());
+    const Nodes nodes(root.get());
+    const float spoilt = -12345;
+    for (const QSGGeometryNode *node : { nodes.track, nodes.valueBar, nodes.handle })
+        vertices(node)->x = spoilt;
+    nodes.opacity->setOpacity(0.125);
+
+    QVERIFY(slider.setProperty(property.constData(), value));
+    QCOMPARE(slider.sync(root.get()), root.get());
+    QCOMPARE(vertices(nodes.track)->x != spoilt, rewritten.contains('t'));
+    QCOMPARE(vertices(nodes.valueBar)->x != spoilt, rewritten.contains('b'));
+    QCOMPARE(vertices(nodes.handle)->x != spoilt, rewritten.contains('h'));
+    QCOMPARE(nodes.opacity->opacity() != 0.125, rewritten.contains('o'));
+
+    // A node from nowhere gets everything, although nothing has changed.
+    const std::unique_ptr<QSGGeometryNode> fresh(slider.sync());
+    QCOMPARE(edges(vertices(Nodes(fresh.get()).track)).count(), 4);
+    QCOMPARE(vertices(Nodes(fresh.get()).handle)->dx, -1.0f);
+    QVERIFY(!Nodes(fresh.get()).valueBar->isSubtreeBlocked());
+}
+
+void tst_DefaultSlider::antialiasingSwitches()
+{
+    BareSlider slider;
+    slider.setSize(QSizeF(100, 20));
+    std::unique_ptr<QSGGeometryNode> root(slider.sync());
+    const QSGMaterialType *simple = root->material()->type();
+    QVERIFY(!root->material()->flags().testFlag(QSGMaterial::Blending));
+    const auto syncAgain = [&] { root.reset(slider.sync(root.release())); };
+
+    slider.setAntialiasing(true);
+    syncAgain();
+    QVERIFY(root->material()->type() != simple);
+    QVERIFY(root->material()->flags().testFlag(QSGMaterial::Blending));
+    QCOMPARE(edges(vertices(root.get())), QVector<double>({ 2.5, 8.5, 94.5, 11.5 }));
+    slider.resetAntialiasing();
+    syncAgain();
+    QCOMPARE(root->material()->type(), simple);
+    QCOMPARE(edges(vertices(root.get())), QVector<double>({ 3, 9, 94, 11 }));
+    slider.setAntialiasing(true);
+    syncAgain();
+    slider.setAntialiasing(false);
+    syncAgain();
+    QCOMPARE(root->material()->type(), simple);
+    slider.setWidth(110);
+    syncAgain();
+    QCOMPARE(edges(vertices(root.get())), QVector<double>({ 3, 9, 104, 11 }));
+}
+
+// On whole pixels, half of the fringe lies outside of them and half inside: full cover within, a
+// small one at both sides of the edge, none beyond.
+void tst_DefaultSlider::softEdges()
+{
+    Scene scene(sliderQml("antialiasing: true; handleOpacity: 0"), kWindow);
+    QVERIFY(scene.isValid());
+    const QImage image = scene.window()->grabWindow();
+    const int scale = int(image.devicePixelRatio());
+    // The track's upper edge is at 10 + 8.5, its lower one at 10 + 11.5; in between, the pixels'
+    // centres are so far from the edge:
+    const auto expected = [&](int y) {
+        const double center = (y + 0.5) / scale;
+        const double distance = qAbs(center - 20) / 1.5; // 1 at the edge
+        const double fw = 2.0 / (3 * scale);
+        const double t = qBound(0.0, (distance - (1 - fw)) / fw, 1.0);
+        return distance > 1 ? 0 : 1 - t * t * (3 - 2 * t);
+    };
+    for (int y = 16 * scale; y < 24 * scale; ++y) {
+        const double cover = coverage(image, 70 * scale, y);
+        QVERIFY2(qAbs(cover - expected(y)) < 0.03,
+                 qPrintable(QStringLiteral("%1: %2, not %3").arg(y).arg(cover).arg(expected(y))));
+    }
+    QVERIFY(coverage(image, 20 * scale, 20 * scale) < 0.01);
+    QVERIFY(coverage(image, 24 * scale, 20 * scale) > 0.99);
+    QVERIFY(coverage(image, 113 * scale, 20 * scale - 1) > 0.99);
+    QVERIFY(coverage(image, 115 * scale, 20 * scale) < 0.01);
+}
+
+void tst_DefaultSlider::hardEdges()
+{
+    Scene scene(sliderQml("value: 0.25; valueBarVisible: true; valueBarOrigin: 0.5;"
+                          "handleWidth: 4; trackMaximumColor: '#ff0'; valueBarHeight: 6"),
+                kWindow);
+    QVERIFY(scene.isValid());
+    const QImage image = scene.window()->grabWindow();
+    const auto at = [&](double x, double y) { return pixel(image, QPointF(20 + x, 10 + y)); };
+    // Every pixel is one colour or another: the handle, x 24 to 28 around 26; the bar, from there
+    // to 49.5 and between y 7 and 13; the track, between y 9 and 11, from black to yellow.
+    QVERIFY(isNear(at(24.5, 0.5), Qt::blue));
+    QVERIFY(isNear(at(27.5, 19.5), Qt::blue));
+    QCOMPARE(at(23.5, 0.5), QColor(Qt::white));
+    QCOMPARE(at(28.5, 0.5), QColor(Qt::white));
+    QVERIFY(isNear(at(28.5, 7.5), Qt::red));
+    QVERIFY(isNear(at(48.5, 12.5), Qt::red));
+    QCOMPARE(at(48.5, 13.5), QColor(Qt::white));
+    QCOMPARE(at(48.5, 6.5), QColor(Qt::white));
+    for (double x : { 3.5, 60.5, 93.5 }) {
+        const int level = qRound(255 * (x - 3) / 91);
+        QVERIFY2(isNear(at(x, 9.5), QColor(level, level, 0), 4), qPrintable(at(x, 9.5).name()));
+        QCOMPARE(at(x, 11.5), QColor(Qt::white));
+        QCOMPARE(at(x, 8.5), QColor(Qt::white));
+    }
+    QCOMPARE(at(94.5, 9.5), QColor(Qt::white));
+    QCOMPARE(at(2.5, 9.5), QColor(Qt::white));
+}
+
+// The item's opacity lies on everything, that of the handle on the handle alone.
+void tst_DefaultSlider::blending()
+{
+    Scene scene(sliderQml("handleWidth: 8; handleOpacity: 0.5; trackHeight: 4"), kWindow);
+    QVERIFY(scene.isValid());
+    auto *slider = scene.find<DefaultSlider>("slider");
+    const QPointF handle(20 + 49.5, 15.5);
+    const QPointF track(20 + 80.5, 20.5);
+    QImage image = scene.window()->grabWindow();
+    QVERIFY(isNear(pixel(image, handle), QColor(128, 128, 255)));
+    QVERIFY(isNear(pixel(image, track), Qt::black));
+    slider->setOpacity(0.5);
+    image = scene.window()->grabWindow();
+    QVERIFY(isNear(pixel(image, handle), QColor(191, 191, 255)));
+    QVERIFY(isNear(pixel(image, track), QColor(128, 128, 128)));
+    slider->setOpacity(1);
+    slider->setHandleOpacity(0);
+    image = scene.window()->grabWindow();
+    QVERIFY(isNear(pixel(image, handle), Qt::white));
+    slider->setHandleOpacity(7); // as much as 1
+    image = scene.window()->grabWindow();
+    QVERIFY(isNear(pixel(image, handle), Qt::blue));
+}
+
+// What a drag changes, and what is switched on and off, is on the screen with the next frame.
+void tst_DefaultSlider::followsInput()
+{
+    Scene scene(sliderQml("antialiasing: true; handleWidth: 5"), kWindow);
+    QVERIFY(scene.isValid());
+    auto *slider = scene.find<DefaultSlider>("slider");
+    const auto colorAt = [&](double x, double y) {
+        return pixel(scene.window()->grabWindow(), QPointF(20 + x, 10 + y));
+    };
+    QVERIFY(isNear(colorAt(49.5, 5.5), Qt::blue));
+    press(scene.window(), QPoint(20 + 73, 20));
+    QVERIFY(isNear(colorAt(49.5, 5.5), Qt::white));
+    QVERIFY(isNear(colorAt(72.5, 5.5), Qt::blue));
+    move(scene.window(), QPoint(198, 20));
+    QVERIFY(isNear(colorAt(95.5, 5.5), Qt::blue));
+    release(scene.window(), QPoint(198, 20));
+
+    slider->setValueBarVisible(true);
+    QVERIFY(isNear(colorAt(50.5, 8.25), Qt::red));
+    slider->setValueBarVisible(false);
+    QVERIFY(isNear(colorAt(50.5, 8.25), Qt::white));
+    slider->setValue(0.25); // while it is hidden
+    slider->setValueBarVisible(true);
+    QVERIFY(isNear(colorAt(20.5, 8.25), Qt::red));
+    QVERIFY(isNear(colorAt(50.5, 8.25), Qt::white));
+    slider->setAntialiasing(false);
+    QVERIFY(isNear(colorAt(20.5, 8.25), Qt::red));
+}
+
+void tst_DefaultSlider::resized()
+{
+    Scene scene(sliderQml("antialiasing: true; handleWidth: 5"), kWindow);
+    QVERIFY(scene.isValid());
+    auto *slider = scene.find<DefaultSlider>("slider");
+    for (const QSizeF &size : { QSizeF(0, 0), QSizeF(-5, -5), QSizeF(1, 1), QSizeF(60, 30) }) {
+        slider->setSize(size);
+        scene.window()->grabWindow();
+    }
+    const QImage image = scene.window()->grabWindow();
+    QVERIFY(isNear(pixel(image, QPointF(20 + 29.5, 10 + 28.5)), Qt::blue));
+    QVERIFY(isNear(pixel(image, QPointF(20 + 49.5, 10 + 14.5)), Qt::black));
+    QVERIFY(isNear(pixel(image, QPointF(20 + 58.5, 10 + 14.5)), Qt::white));
+}
+
+// Each window has nodes of its own: two at once, and one that takes over the other's slider.
+void tst_DefaultSlider::anotherWindow()
+{
+    Scene first(sliderQml("antialiasing: true; handleWidth: 5"), kWindow);
+    QVERIFY(first.isValid());
+    const QPointF place(20 + 49.5, 15.5);
+    {
+        Scene second(sliderQml("handleWidth: 5; visible: false"), kWindow);
+        QVERIFY(second.isValid());
+        QVERIFY(isNear(pixel(second.window()->grabWindow(), place), Qt::white));
+        auto *slider = first.find<DefaultSlider>("slider");
+        slider->setParentItem(second.root());
+        QVERIFY(isNear(pixel(second.window()->grabWindow(), place), Qt::blue));
+        QVERIFY(isNear(pixel(first.window()->grabWindow(), place), Qt::white));
+        slider->setParentItem(first.root());
+    }
+    QVERIFY(isNear(pixel(first.window()->grabWindow(), place), Qt::blue));
+}
+
+void tst_DefaultSlider::shownAgain()
+{
+    Scene scene(sliderQml("antialiasing: true; handleWidth: 5; valueBarVisible: true"), kWindow);
+    QVERIFY(scene.isValid());
+    QQuickWindow *window = scene.window();
+    window->setPersistentSceneGraph(false);
+    window->setPersistentOpenGLContext(false);
+    const QImage before = window->grabWindow();
+    window->hide();
+    window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window) && scene.waitForFrame());
+    QTRY_COMPARE(window->grabWindow(), before);
+}
+
+void tst_DefaultSlider::handlersThatDestroy()
+{
+    for (const char *property : { "value", "handleOpacity", "trackHeight", "valueBarOrigin" }) {
+        Scene scene(sliderQml("antialiasing: true"), kWindow);
+        QVERIFY(scene.isValid());
+        QPointer<DefaultSlider> slider = scene.find<DefaultSlider>("slider");
+        const auto destroy = [&] { delete slider.data(); };
+        connect(slider, &SliderBase::valueChanged, destroy);
+        connect(slider, &DefaultSlider::handleOpacityChanged, destroy);
+        connect(slider, &DefaultSlider::trackHeightChanged, destroy);
+        connect(slider, &DefaultSlider::valueBarOriginChanged, destroy);
+        slider->setProperty(property, 0.25 + 7 * (qstrcmp(property, "trackHeight") == 0));
+        QVERIFY(!slider);
+        scene.window()->grabWindow();
+    }
+}
+
+TAMBER_TEST_MAIN(tst_DefaultSlider)
+#include "tst_defaultslider.moc"

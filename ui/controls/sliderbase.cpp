@@ -1,0 +1,303 @@
+#include "sliderbase.h"
+
+#include "foundation/assign.h"
+#include "sliderposition_p.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QtMath>
+
+#include <utility>
+
+namespace ta::ui {
+
+class SliderBasePrivate
+{
+public:
+    explicit SliderBasePrivate(SliderBase *q) : q(q) {}
+
+    SliderRange range() const { return { minimumValue, maximumValue }; }
+
+    void setHovered(bool value)
+    {
+        if (!assign(hovered, value))
+            return;
+        watchEnabled();
+        Q_EMIT q->hoveredChanged();
+    }
+
+    void setPressed(bool value)
+    {
+        if (!assign(pressed, value))
+            return;
+        watchEnabled();
+        Q_EMIT q->pressedChanged();
+    }
+
+    const QEasingCurve &curve() const
+    {
+        static const QEasingCurve linear;
+        return easing ? *easing : linear;
+    }
+
+    void updateValue(double candidate);
+    void storeValue(double newValue);
+    void announceValue();
+    void pick(const QMouseEvent *event);
+    void watchEnabled();
+
+    SliderBase *const q;
+    double value = 0.5;
+    double minimumValue = 0;
+    double maximumValue = 1;
+    bool hovered = false;
+    bool pressed = false;
+    bool bindable = false;
+    bool watchesEnabled = false;
+    qint32 margin = 0;
+    double resetValue = qQNaN();
+    double writtenValue = qQNaN(); // by the document that is being read, if any
+    std::unique_ptr<QEasingCurve> easing; // none while linear: a curve allocates more than the rest
+};
+
+// What the user picked: for the host to write where it said so.
+void SliderBasePrivate::updateValue(double candidate)
+{
+    if (qIsNaN(candidate)) // by a curve of the host's own
+        return;
+    if (bindable)
+        Q_EMIT q->updateRequested(candidate);
+    else
+        storeValue(candidate);
+}
+
+void SliderBasePrivate::storeValue(double newValue)
+{
+    if (!assign(value, newValue))
+        return;
+    const QPointer<SliderBase> guard(q);
+    announceValue();
+    if (guard)
+        Q_EMIT q->normalizedValueChanged();
+}
+
+void SliderBasePrivate::announceValue()
+{
+    q->valueChange();
+    Q_EMIT q->valueChanged();
+}
+
+void SliderBasePrivate::pick(const QMouseEvent *event)
+{
+    updateValue(sliderValueAt(event->localPos().x(), q->width(), margin, range(), curve()));
+}
+
+// Disabling ends hover and press, so a slider that never saw either needs no connection; the first
+// one to a signal of QQuickItem costs more memory than all the rest of the slider.
+void SliderBasePrivate::watchEnabled()
+{
+    if (std::exchange(watchesEnabled, true))
+        return;
+    QObject::connect(q, &QQuickItem::enabledChanged, q, &SliderBase::enabledChange);
+}
+
+SliderBase::SliderBase(QQuickItem *parent)
+    : QQuickItem(parent), d(std::make_unique<SliderBasePrivate>(this))
+{
+    setAcceptedMouseButtons(Qt::LeftButton | Qt::MiddleButton);
+    setAcceptHoverEvents(true);
+    setActiveFocusOnTab(false);
+    setKeepMouseGrab(true); // no flickable around it takes over a drag
+}
+
+SliderBase::~SliderBase() = default;
+
+double SliderBase::value() const
+{
+    return d->value;
+}
+
+void SliderBase::setValue(double value)
+{
+    if (qIsNaN(value))
+        return;
+    if (!isComponentComplete())
+        d->writtenValue = value;
+    d->storeValue(d->range().clamp(value));
+}
+
+double SliderBase::minimumValue() const
+{
+    return d->minimumValue;
+}
+
+// Handlers may set anything meanwhile, so each step looks at what is stored by then.
+void SliderBase::setMinimumValue(double minimum)
+{
+    if (!qIsFinite(minimum) || !assign(d->minimumValue, minimum))
+        return;
+    const QPointer<SliderBase> guard(this);
+    Q_EMIT minimumValueChanged();
+    if (guard && d->minimumValue > d->maximumValue) {
+        d->maximumValue = d->minimumValue;
+        Q_EMIT maximumValueChanged();
+    }
+    if (guard && d->minimumValue > d->value) {
+        d->value = d->minimumValue;
+        d->announceValue();
+    }
+    if (guard)
+        Q_EMIT normalizedValueChanged();
+}
+
+double SliderBase::maximumValue() const
+{
+    return d->maximumValue;
+}
+
+void SliderBase::setMaximumValue(double maximum)
+{
+    if (!qIsFinite(maximum) || !assign(d->maximumValue, maximum))
+        return;
+    const QPointer<SliderBase> guard(this);
+    Q_EMIT maximumValueChanged();
+    if (guard && d->minimumValue > d->maximumValue) {
+        d->minimumValue = d->maximumValue;
+        Q_EMIT minimumValueChanged();
+    }
+    if (guard && d->value > d->maximumValue) {
+        d->value = d->maximumValue;
+        d->announceValue();
+    }
+    if (guard)
+        Q_EMIT normalizedValueChanged();
+}
+
+double SliderBase::normalizedValue() const
+{
+    return sliderPositionOf(d->value, d->range(), d->curve());
+}
+
+double SliderBase::resetValue() const
+{
+    return d->resetValue;
+}
+
+void SliderBase::setResetValue(double value)
+{
+    if (assign(d->resetValue, value))
+        Q_EMIT resetValueChanged();
+}
+
+bool SliderBase::hovered() const
+{
+    return d->hovered;
+}
+
+bool SliderBase::pressed() const
+{
+    return d->pressed;
+}
+
+int SliderBase::margin() const
+{
+    return d->margin;
+}
+
+void SliderBase::setMargin(int margin)
+{
+    if (assign(d->margin, margin))
+        Q_EMIT marginChanged();
+}
+
+bool SliderBase::isBindable() const
+{
+    return d->bindable;
+}
+
+void SliderBase::setBindable(bool bindable)
+{
+    if (assign(d->bindable, bindable))
+        Q_EMIT bindableChanged();
+}
+
+QEasingCurve SliderBase::easing() const
+{
+    return d->curve();
+}
+
+void SliderBase::setEasing(const QEasingCurve &easing)
+{
+    if (d->curve() == easing)
+        return;
+    d->easing = std::make_unique<QEasingCurve>(easing);
+    Q_EMIT easingChanged();
+}
+
+void SliderBase::reset()
+{
+    if (qIsNaN(d->resetValue))
+        Q_EMIT resetRequested();
+    else
+        d->updateValue(d->range().clamp(d->resetValue));
+}
+
+void SliderBase::valueChange() {}
+
+void SliderBase::enabledChange()
+{
+    if (isEnabled())
+        return;
+    const QPointer<SliderBase> guard(this);
+    d->setHovered(false);
+    if (guard)
+        d->setPressed(false);
+}
+
+// QML assigns in an order of its own, so the value may have come before its bounds.
+void SliderBase::componentComplete()
+{
+    QQuickItem::componentComplete();
+    setValue(d->writtenValue);
+}
+
+void SliderBase::mousePressEvent(QMouseEvent *event)
+{
+    event->accept(); // and so grab the mouse
+    if (event->buttons().testFlag(Qt::MiddleButton)) {
+        reset();
+        return;
+    }
+    const QPointer<SliderBase> guard(this);
+    d->pick(event);
+    // A handler may have disabled the slider, which has then lost the grab and sees no release.
+    if (guard && isEnabled())
+        d->setPressed(true);
+}
+
+void SliderBase::mouseMoveEvent(QMouseEvent *event)
+{
+    event->accept();
+    if (!event->buttons().testFlag(Qt::MiddleButton))
+        d->pick(event);
+}
+
+void SliderBase::mouseReleaseEvent(QMouseEvent *event)
+{
+    event->accept();
+    if (!event->buttons().testFlag(Qt::MiddleButton))
+        d->setPressed(false);
+}
+
+void SliderBase::hoverEnterEvent(QHoverEvent *event)
+{
+    event->accept();
+    d->setHovered(true);
+}
+
+void SliderBase::hoverLeaveEvent(QHoverEvent *event)
+{
+    event->accept();
+    d->setHovered(false);
+}
+
+} // namespace ta::ui
