@@ -161,7 +161,7 @@ Page {
 
     Card {
         title: qsTr("Faders")
-        summary: qsTr("Sixty default sliders in a few draw calls.")
+        summary: qsTr("Sixty default sliders that share one draw call.")
 
         Grid {
             columns: 6

@@ -564,7 +564,6 @@ void tst_DefaultSlider::shownAgain()
     QVERIFY(scene.isValid());
     QQuickWindow *window = scene.window();
     window->setPersistentSceneGraph(false);
-    window->setPersistentOpenGLContext(false);
     const QImage before = window->grabWindow();
     window->hide();
     window->show();
