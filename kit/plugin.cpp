@@ -4,6 +4,7 @@
 #include <TamberUi/Fonts>
 #include <TamberUi/Logging>
 #include <TamberUi/Module>
+#include <TamberUi/Thumbnail>
 #include <TamberUi/Ui>
 
 #include <QtGui/QFont>
@@ -44,6 +45,7 @@ void registerPublic(const char *uri)
     qmlRegisterRevision<QQuickItem, 11>(uri, major, minor);
     qmlRegisterSingletonType<Colors>(uri, major, minor, "UiColors", createNames<Colors>);
     qmlRegisterSingletonType<Fonts>(uri, major, minor, "UiFonts", createNames<Fonts>);
+    qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
     qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
                                    QStringLiteral("Ui only has enumerations"));
 
