@@ -88,6 +88,8 @@ Thumbnail::Thumbnail(QQuickItem *parent)
     : QQuickItem(parent), d(std::make_unique<ThumbnailPrivate>(this))
 {
     setFlag(ItemHasContents);
+    if (window()) // entered by the base, which told nobody yet
+        d->devicePixelRatio = window()->effectiveDevicePixelRatio();
     connect(this, &QQuickItem::enabledChanged, this,
             [this] { d->markDirty(ThumbnailPrivate::DirtyEnabled); });
 }
