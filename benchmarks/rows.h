@@ -7,5 +7,6 @@ namespace bench {
 // One function per bench_<theme>.cpp; main() puts their rows into one table.
 Rows buttonRows();
 Rows popupRows();
+Rows thumbnailRows();
 
 } // namespace bench

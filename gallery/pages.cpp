@@ -18,6 +18,7 @@ constexpr Page kPages[] = {
     { "colours-and-fonts", "Colours and fonts", "ColoursAndFonts.qml" },
     { "buttons", "Buttons", "Buttons.qml" },
     { "popups", "Popups", "Popups.qml" },
+    { "thumbnails", "Thumbnails", "Thumbnails.qml" },
 };
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QEventLoop>
+#include <QtCore/QThreadPool>
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtQuick/QQuickWindow>
@@ -29,6 +30,10 @@ bool takeScreenshot(QQuickWindow *window, const QString &page, const QDir &folde
         qWarning("gallery: the page %s was not rendered", qUtf8Printable(page));
         return false;
     }
+    // What the page has asked for in the background arrives with the frame after it is done.
+    QThreadPool::globalInstance()->waitForDone(kPatience);
+    if (!waitForFrame(window))
+        return false;
     const QImage picture = window->grabWindow();
     const qreal scale = window->effectiveDevicePixelRatio();
     const QString suffix = qFuzzyCompare(scale, 1.0)

@@ -219,7 +219,7 @@ void tst_Gallery::navigation()
 {
     Gallery gallery({});
     QVERIFY(gallery.says(QStringLiteral("ready colours-and-fonts")));
-    for (const char *page : { "buttons", "popups", "colours-and-fonts" }) {
+    for (const char *page : { "buttons", "thumbnails", "popups", "colours-and-fonts" }) {
         gallery.click(QStringLiteral("nav-") + QLatin1String(page));
         QVERIFY(gallery.says(QStringLiteral("ready ") + QLatin1String(page)));
     }

@@ -36,7 +36,7 @@ ThumbnailNode::ThumbnailNode()
 
 bool ThumbnailNode::isSubtreeBlocked() const
 {
-    return !state()->texture;
+    return !m_hasPicture;
 }
 
 void ThumbnailNode::setImage(QQuickWindow *window, const QImage &image)
@@ -44,12 +44,11 @@ void ThumbnailNode::setImage(QQuickWindow *window, const QImage &image)
     QSharedPointer<QSGTexture> texture;
     if (!image.isNull())
         texture = createTexture(window, image);
-    if (!texture)
-        texture = fallbackTexture(window);
     DirtyState dirty = DirtyMaterial;
-    if (bool(texture) != bool(state()->texture))
+    if (bool(texture) != m_hasPicture)
         dirty |= DirtySubtreeBlocked;
-    state()->texture = texture;
+    m_hasPicture = bool(texture);
+    state()->texture = texture ? texture : fallbackTexture(window);
     markDirty(dirty);
 }
 

@@ -18,12 +18,12 @@ namespace ta::ui {
 class TAMBERUI_PRIVATE_EXPORT ThumbnailNode : public QSGGeometryNode
 {
 public:
-    /// Until a texture is set, there is nothing to draw.
     ThumbnailNode();
 
+    /// There is no draw call for a texture that is transparent.
     bool isSubtreeBlocked() const override;
 
-    /// A null \a image is drawn as the transparent texture.
+    /// A null \a image stands for the transparent texture.
     void setImage(QQuickWindow *window, const QImage &image);
     QSize textureSize() const;
     void setEnabled(bool enabled);
@@ -36,6 +36,7 @@ private:
     ThumbnailState *state() const;
 
     QSGGeometry m_geometry;
+    bool m_hasPicture = false;
 
     // Written on the render threads of all windows, under the lock. A texture belongs to the
     // context that it was made in and dies with the last node there: a window with a render thread
