@@ -78,6 +78,13 @@ TamberUiKitPlugin::~TamberUiKitPlugin() = default;
 void TamberUiKitPlugin::registerTypes(const char *uri)
 {
     Q_ASSERT(qstrcmp(uri, "tamber.Ui") == 0);
-    provideFontFamily();
     registerPublic(uri);
+}
+
+// Runs on the GUI thread, where fonts are used; the types are registered on the thread that loads
+// QML.
+void TamberUiKitPlugin::initializeEngine(QQmlEngine *, const char *)
+{
+    static const bool provided = (provideFontFamily(), true);
+    Q_UNUSED(provided)
 }

@@ -15,4 +15,5 @@ public:
     ~TamberUiKitPlugin() override;
 
     void registerTypes(const char *uri) override;
+    void initializeEngine(QQmlEngine *engine, const char *uri) override;
 };

@@ -137,7 +137,7 @@ Page {
 
                 UiLoadIndicator {
                     anchors.verticalCenter: parent.verticalCenter
-                    running: busy.checked
+                    loading: busy.checked
                 }
             }
         }

@@ -10,6 +10,15 @@ Rectangle {
     readonly property int rowHeight: 28
     readonly property int maximumRows: 12
 
+    property point pointer: Qt.point(-1, -1)
+
+    function pointed(position, index) {
+        const moved = position.x !== pointer.x || position.y !== pointer.y
+        pointer = position
+        if (moved)
+            comboBox.highlightedIndex = index
+    }
+
     function reveal(index) {
         view.positionViewAtIndex(index, ListView.Contain)
     }
@@ -51,11 +60,11 @@ Rectangle {
             id: row
 
             readonly property bool highlighted: root.comboBox.highlightedIndex === index
-            readonly property string text: root.comboBox.textAt(index)
+            readonly property string text: root.comboBox.changes >= 0 ? root.comboBox.textAt(index) : ""
 
             width: view.width
             height: root.rowHeight
-            color: highlighted ? UiColors.getColor(mouse.pressed ? UiColors.SelectionGreen : UiColors.HoverGreen)
+            color: highlighted ? UiColors.getColor(area.pressed ? UiColors.SelectionGreen : UiColors.HoverGreen)
                                : UiColors.getColor(UiColors.White)
             objectName: root.comboBox.objectName === "" ? "" : root.comboBox.objectName + "Item" + index
 
@@ -78,13 +87,15 @@ Rectangle {
             }
 
             MouseArea {
-                id: mouse
+                id: area
 
                 anchors.fill: parent
                 hoverEnabled: true
 
                 onClicked: root.comboBox.choose(index)
-                onEntered: root.comboBox.highlightedIndex = index
+                // Rows that scroll past a resting pointer are not what it chooses.
+                onPositionChanged: root.pointed(mapToItem(root, mouse.x, mouse.y), index)
+                onEntered: root.pointed(mapToItem(root, mouseX, mouseY), index)
             }
         }
     }

@@ -80,6 +80,8 @@ UiButtonBase {
     // The next row that begins with what was typed within the last second. One letter again and
     // again walks through the rows that begin with it.
     function typeAhead(letters) {
+        if (count === 0)
+            return
         const now = Date.now()
         typed = (now - typedAt < 1000 ? typed : "") + letters.toLocaleLowerCase()
         typedAt = now
@@ -111,6 +113,8 @@ UiButtonBase {
             }
             return true
         case Qt.Key_F4:
+            if (event.modifiers & Qt.AltModifier) // closes the window
+                return false
             if (popupVisible)
                 hide()
             else
@@ -141,7 +145,8 @@ UiButtonBase {
             moveTo(from - page)
             return true
         }
-        if (event.text.trim() === "" || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
+        // Escape, Backspace and the like have a text, too.
+        if (!/^[^\x00-\x20\x7f]/.test(event.text) || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
             return false
         typeAhead(event.text)
         return true
@@ -163,6 +168,8 @@ UiButtonBase {
                      || event.key === Qt.Key_Enter
 
     onClicked: popupVisible ? hide() : show()
+    onEnabledChanged: if (!enabled) hide()
+    onVisibleChanged: if (!visible) hide()
     onModelChanged: ++changes
 
     DelegateModel {

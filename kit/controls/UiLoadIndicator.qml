@@ -1,6 +1,6 @@
 // A turning ring that says "busy".
 //
-// running: whether it turns and shows. True by default; nothing is animated while it is false or the
+// loading: whether it turns and shows. False by default; nothing is animated while it is false or the
 // indicator is invisible.
 import QtQuick 2.15
 import QtQuick.Window 2.15
@@ -8,14 +8,14 @@ import QtQuick.Window 2.15
 Item {
     id: root
 
-    property bool running: true
+    property bool loading: false
 
     implicitWidth: 32
     implicitHeight: 32
 
     Accessible.role: Accessible.Animation
     Accessible.name: qsTr("Busy")
-    Accessible.ignored: !running
+    Accessible.ignored: !loading
 
     Image {
         anchors.centerIn: parent
@@ -23,14 +23,14 @@ Item {
         height: width
         source: "qrc:/ui/images/loadindicator.png"
         mipmap: true
-        visible: root.running
+        visible: root.loading
 
         RotationAnimator on rotation {
             from: 0
             to: 360
             duration: 900
             loops: Animation.Infinite
-            running: root.running && root.visible && root.Window.visibility !== Window.Hidden
+            running: root.loading && root.visible && root.Window.visibility !== Window.Hidden
         }
     }
 }

@@ -96,10 +96,20 @@ public:
 
     void key(const char *name) { input({ QStringLiteral("key"), QString::fromLatin1(name) }); }
 
-    void resize(const QSize &size)
+    /// Gives the window another size, and waits until the item \a moved has followed.
+    void resize(const QSize &size, const QString &moved)
     {
+        const QRect before = m_places.value(moved);
         input({ QStringLiteral("getactivewindow"), QStringLiteral("windowsize"),
                 QString::number(size.width()), QString::number(size.height()) });
+        const bool followed = QTest::qWaitFor(
+            [&] {
+                read();
+                return m_places.value(moved) != before;
+            },
+            kPatience);
+        if (!followed)
+            qWarning("The item \"%s\" has not followed the window's size", qPrintable(moved));
     }
 
     bool endsWell()
@@ -233,7 +243,7 @@ void tst_Gallery::resizing()
     QVERIFY(gallery.says(QStringLiteral("ready popups")));
     gallery.click(QStringLiteral("openMenuButton"));
     QVERIFY(gallery.says(QStringLiteral("popup open menuAnchor")));
-    gallery.resize(QSize(1000, 700));
+    gallery.resize(QSize(1000, 700), QStringLiteral("persistentButton"));
     QVERIFY(gallery.says(QStringLiteral("popup closed menuAnchor")));
 
     // Not even a persistent popup outlives a change of its window's size.
@@ -243,7 +253,7 @@ void tst_Gallery::resizing()
     gallery.click(QStringLiteral("outsideButton"));
     QVERIFY(gallery.says(QStringLiteral("clicked outsideButton")));
     QCOMPARE(gallery.count(QStringLiteral("popup closed persistentAnchor")), 0);
-    gallery.resize(QSize(1100, 750));
+    gallery.resize(QSize(1100, 750), QStringLiteral("topRightButton"));
     QVERIFY(gallery.says(QStringLiteral("popup closed persistentAnchor")));
     gallery.key("alt+F4");
     QVERIFY(gallery.endsWell());

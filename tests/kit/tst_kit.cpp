@@ -27,13 +27,21 @@ private Q_SLOTS:
     void statesLookDifferent();
     void accessibility_data();
     void accessibility();
+    void accessibleActionsNeedAnAbleControl();
+    void focusFrame();
     void loadIndicatorRests();
     void comboBoxTexts_data();
     void comboBoxTexts();
     void comboBoxKeys();
     void comboBoxTypeAhead();
+    void comboBoxLeavesKeysAlone();
+    void comboBoxKeysBesideRestingPointer();
+    void comboBoxDisabledWhileOpen();
     void comboBoxPointer();
     void comboBoxWheel();
+    void comboBoxShowsItsRow_data();
+    void comboBoxShowsItsRow();
+    void comboBoxFollowsItsModel();
     void comboBoxBadIndexes();
     void infoTip_data();
     void infoTip();
@@ -68,7 +76,7 @@ void tst_Kit::registration()
         "property int style: Ui.SecondaryPushButtonStyle\n"
         "property color ink: UiColors.getColor(UiColors.DarkGrey80)\n"
         "UiText {} UiPushButton {} UiToolButton {} UiCheckBox {} UiHorizontalSeparator {}\n"
-        "UiLoadIndicator { running: false } UiComboBox {} UiInfoTip {} UiPopupAnchor {}"));
+        "UiLoadIndicator {} UiComboBox {} UiInfoTip {} UiPopupAnchor {}"));
     QVERIFY(scene.isValid());
     QCOMPARE(scene.root()->property("style").toInt(), 2);
     QCOMPARE(scene.root()->property("ink").value<QColor>(), QColor(0x33, 0x33, 0x33));
@@ -206,9 +214,45 @@ void tst_Kit::accessibility()
         QVERIFY(accessible->state().checked);
 }
 
+void tst_Kit::accessibleActionsNeedAnAbleControl()
+{
+    for (const char *properties : { "enabled: false", "readOnly: true" }) {
+        Scene scene(
+            QStringLiteral("UiCheckBox { objectName: 'box'; %1 }").arg(QLatin1String(properties)));
+        QVERIFY(scene.isValid());
+        auto *box = scene.find("box");
+        SignalLog log;
+        log.watch(box, { QStringLiteral("clicked") });
+        QAccessible::queryAccessibleInterface(box)->actionInterface()->doAction(
+            QAccessibleActionInterface::toggleAction());
+        QCOMPARE(log.take(), QStringList());
+        QVERIFY(!box->property("checked").toBool());
+    }
+}
+
+// The keyboard's focus is framed; one that a press of the pointer brought is not.
+void tst_Kit::focusFrame()
+{
+    Scene scene(QStringLiteral("Rectangle { anchors.fill: parent }"
+                               "UiPushButton { objectName: 'button'; x: 50; y: 20; text: 'Go' }"),
+                QSize(300, 100));
+    QVERIFY(scene.isValid());
+    auto *button = scene.find("button");
+    const auto framed = [&] {
+        const QImage picture = scene.window()->grabWindow();
+        return picture.pixelColor(49, 36) == QColor(0x8B, 0xC7, 0xD8);
+    };
+    QVERIFY(!framed());
+    click(scene.window(), center(button));
+    QVERIFY(button->hasActiveFocus() && !framed());
+    button->setFocus(false);
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QVERIFY(button->hasActiveFocus() && framed());
+}
+
 void tst_Kit::loadIndicatorRests()
 {
-    Scene scene(QStringLiteral("UiLoadIndicator { objectName: 'indicator'; running: false }"));
+    Scene scene(QStringLiteral("UiLoadIndicator { objectName: 'indicator' }"));
     QVERIFY(scene.isValid());
     auto *indicator = scene.find("indicator");
     const auto framesOfAMoment = [&] {
@@ -218,7 +262,7 @@ void tst_Kit::loadIndicatorRests()
         return frames.count();
     };
     QCOMPARE(framesOfAMoment(), 0);
-    indicator->setProperty("running", true);
+    indicator->setProperty("loading", true);
     QVERIFY(framesOfAMoment() > 1);
     indicator->setVisible(false);
     QCOMPARE(framesOfAMoment(), 0);
@@ -326,6 +370,61 @@ void tst_Kit::comboBoxTypeAhead()
     QCOMPARE(currentIndex(combo), 1);
 }
 
+// Keys that are nothing to the field go on to what is around it.
+void tst_Kit::comboBoxLeavesKeysAlone()
+{
+    Scene scene(QStringLiteral("property int keys: 0\n"
+                               "Keys.onPressed: if (event.key !== Qt.Key_Alt) ++keys\n")
+                + kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    combo->forceActiveFocus();
+    for (Qt::Key key : { Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete })
+        QTest::keyClick(scene.window(), key);
+    QTest::keyClick(scene.window(), Qt::Key_F4, Qt::AltModifier);
+    QCOMPARE(scene.root()->property("keys").toInt(), 4);
+    QVERIFY(!isOpen(combo));
+    QTest::keyClick(scene.window(), Qt::Key_D);
+    QCOMPARE(currentIndex(combo), 4);
+
+    combo->setProperty("model", QStringList());
+    for (Qt::Key key : { Qt::Key_A, Qt::Key_B, Qt::Key_Down, Qt::Key_End, Qt::Key_Space })
+        QTest::keyClick(scene.window(), key);
+    QVERIFY(!isOpen(combo));
+}
+
+// Rows that the keys scroll past a resting pointer are not what it chooses.
+void tst_Kit::comboBoxKeysBesideRestingPointer()
+{
+    Scene scene(QStringLiteral("UiComboBox { objectName: 'combo'; model: 50; currentIndex: 0 }"));
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    QMetaObject::invokeMethod(combo, "show");
+    QVERIFY(scene.waitForFrame());
+    move(scene.window(), center(scene.find("comboItem3")));
+    QCOMPARE(combo->property("highlightedIndex").toInt(), 3);
+    for (int row = 4; row < 20; ++row) {
+        QTest::keyClick(scene.window(), Qt::Key_Down);
+        QVERIFY(scene.waitForFrame());
+        QCOMPARE(combo->property("highlightedIndex").toInt(), row);
+    }
+    QTest::keyClick(scene.window(), Qt::Key_Escape);
+}
+
+void tst_Kit::comboBoxDisabledWhileOpen()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    QMetaObject::invokeMethod(combo, "show");
+    combo->setEnabled(false);
+    QVERIFY(!isOpen(combo));
+    combo->setEnabled(true);
+    QMetaObject::invokeMethod(combo, "show");
+    combo->setVisible(false);
+    QVERIFY(!isOpen(combo));
+}
+
 void tst_Kit::comboBoxPointer()
 {
     Scene scene(kComboBox);
@@ -359,6 +458,53 @@ void tst_Kit::comboBoxWheel()
     QCOMPARE(currentIndex(combo), 2);
     wheel(scene.window(), center(combo), 5);
     QCOMPARE(currentIndex(combo), 0);
+}
+
+void tst_Kit::comboBoxShowsItsRow_data()
+{
+    QTest::addColumn<int>("y");
+    QTest::addColumn<int>("row");
+    QTest::newRow("room for all rows, first") << 100 << 0;
+    QTest::newRow("room for all rows, last") << 100 << 59;
+    QTest::newRow("little room") << 250 << 30;
+    QTest::newRow("upwards") << 560 << 45;
+}
+
+// The list opens where the value is.
+void tst_Kit::comboBoxShowsItsRow()
+{
+    QFETCH(int, y);
+    QFETCH(int, row);
+    Scene scene(
+        QStringLiteral("UiComboBox { objectName: 'combo'; y: %1; model: 60; currentIndex: %2 }")
+            .arg(y)
+            .arg(row));
+    QVERIFY(scene.isValid());
+    QMetaObject::invokeMethod(scene.find("combo"), "show");
+    QVERIFY(scene.waitForFrame());
+    const auto *popup = scene.find<PopupAnchor>("comboPopup")->popupItem();
+    const auto *item = scene.find(qPrintable(QStringLiteral("comboItem%1").arg(row)));
+    QVERIFY(popup && item);
+    const QRectF place = item->mapRectToItem(popup, QRectF(QPointF(), item->size()));
+    QVERIFY(QRectF(QPointF(), popup->size()).contains(place));
+    QTest::keyClick(scene.window(), Qt::Key_Escape);
+}
+
+void tst_Kit::comboBoxFollowsItsModel()
+{
+    Scene scene(
+        QStringLiteral("property QtObject names: ListModel { ListElement { name: 'x' } }\n"
+                       "UiComboBox { objectName: 'combo'; textRole: 'name'; currentIndex: 0; "
+                       "model: names }\n"
+                       "function rename() { names.setProperty(0, 'name', 'y') }\n"
+                       "function insert() { names.insert(0, { name: 'z' }) }"));
+    QVERIFY(scene.isValid());
+    const auto text = [&] { return scene.find("combo")->property("currentText").toString(); };
+    QCOMPARE(text(), QStringLiteral("x"));
+    QMetaObject::invokeMethod(scene.root(), "rename");
+    QCOMPARE(text(), QStringLiteral("y"));
+    QMetaObject::invokeMethod(scene.root(), "insert");
+    QCOMPARE(text(), QStringLiteral("z"));
 }
 
 void tst_Kit::comboBoxBadIndexes()

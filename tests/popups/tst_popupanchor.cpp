@@ -28,6 +28,9 @@ private Q_SLOTS:
     void instantCreation();
     void policies();
     void replacedComponent();
+    void policyWhileShown();
+    void arrangedContent_data();
+    void arrangedContent();
     void pressOutside();
     void pressOnTrigger();
     void persistent();
@@ -70,8 +73,8 @@ QStringList names(std::initializer_list<const char *> list)
 
 void tst_PopupAnchor::cleanup()
 {
-    QVERIFY(!PopupStack::top());
     TestCase::cleanup();
+    QVERIFY(!PopupStack::top());
 }
 
 void tst_PopupAnchor::interfaces()
@@ -164,7 +167,11 @@ void tst_PopupAnchor::rounding()
     control->setX(qQNaN());
     QVERIFY(scene.waitForFrame());
     control->setX(qInf());
+    control->setWidth(qInf());
+    anchor->popupItem()->setImplicitWidth(qInf());
     anchor->popupItem()->setImplicitHeight(qInf());
+    QVERIFY(scene.waitForFrame());
+    control->setX(-qInf());
     QVERIFY(scene.waitForFrame());
     control->setX(0);
     anchor->hide();
@@ -318,6 +325,52 @@ void tst_PopupAnchor::replacedComponent()
     QCOMPARE(PopupStack::top(), anchor);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!popup);
+    anchor->hide();
+}
+
+// What was asked for while there was nothing to show comes as soon as there is.
+void tst_PopupAnchor::policyWhileShown()
+{
+    Scene scene(control(100, 100, QString()) + QStringLiteral("property Component popup: Item {}"));
+    QVERIFY(scene.isValid());
+    auto *anchor = scene.find<PopupAnchor>("anchor");
+    anchor->show();
+    anchor->setPopup(qvariant_cast<QQmlComponent *>(scene.root()->property("popup")));
+    anchor->setPopupCreationPolicy(PopupAnchor::InstantCreation);
+    QVERIFY(anchor->popupItem() && anchor->popupItem()->isEnabled());
+    QCOMPARE(PopupStack::top(), anchor);
+    anchor->hide();
+}
+
+void tst_PopupAnchor::arrangedContent_data()
+{
+    QTest::addColumn<QString>("type");
+    for (const char *type : { "Column", "Row", "Grid", "Flow" })
+        QTest::newRow(type) << QString::fromLatin1(type);
+}
+
+// A popup that arranges its children does not arrange what keeps input from below, and is covered
+// by it all the same.
+void tst_PopupAnchor::arrangedContent()
+{
+    QFETCH(QString, type);
+    Scene scene(QStringLiteral("MouseArea { objectName: 'below'; property int presses: 0;"
+                               "anchors.fill: parent; onPressed: ++presses }\n")
+                + control(100, 100,
+                          QStringLiteral("popupCreationPolicy: UiPopupAnchor.InstantCreation; %1 {"
+                                         "objectName: 'popup'; padding: 20;"
+                                         "Item { width: 40; height: 30 } }")
+                              .arg(type)));
+    QVERIFY(scene.isValid());
+    auto *anchor = scene.find<PopupAnchor>("anchor");
+    anchor->setAutoLayout(false);
+    anchor->show();
+    QVERIFY(scene.waitForFrame());
+    QVERIFY(scene.waitForFrame());
+    QCOMPARE(anchor->popupItem()->size(), QSizeF(80, 70));
+    click(scene.window(), QPoint(105, 105));
+    QVERIFY(anchor->isPopupVisible());
+    QCOMPARE(scene.find("below")->property("presses").toInt(), 0);
     anchor->hide();
 }
 

@@ -35,6 +35,8 @@ private Q_SLOTS:
     void handlersThatAskForTheOpposite();
     void handlersThatDestroy_data();
     void handlersThatDestroy();
+    void eventsThatDestroy_data();
+    void eventsThatDestroy();
     void destroyedWhileShown();
     void nestedPopups();
     void engineGoes();
@@ -68,16 +70,20 @@ void tst_PopupLifetime::badComponents_data()
     QTest::newRow("window") << QByteArray("import QtQuick.Window 2.15; Window { visible: true }")
                             << QStringLiteral("must be an item, not a QQuickWindow");
     QTest::newRow("creation fails")
-        << QByteArray("import QtQuick 2.15; Item { Loader { width: Nothing.x;"
-                      " Component.onCompleted: nothing() } }")
-        << QStringLiteral("ReferenceError");
+        << QByteArray("import QtQuick 2.15; Item { property Item i; i.x: 3 }")
+        << QStringLiteral("Component is not ready"); // the second time
+    QTest::newRow("required property")
+        << QByteArray("import QtQuick 2.15; Item { required property int n }")
+        << QStringLiteral("Component is not ready");
+    QTest::newRow("broken binding") << QByteArray("import QtQuick 2.15; Item { width: Nothing.x }")
+                                    << QStringLiteral("ReferenceError");
 }
 
 void tst_PopupLifetime::badComponents()
 {
     QFETCH(QByteArray, qml);
     QFETCH(QString, warning);
-    const bool works = qstrcmp(QTest::currentDataTag(), "creation fails") == 0;
+    const bool works = qstrcmp(QTest::currentDataTag(), "broken binding") == 0;
     Scene scene(kAnchor);
     QVERIFY(scene.isValid());
     auto *anchor = scene.find<PopupAnchor>("anchor");
@@ -111,6 +117,10 @@ void tst_PopupLifetime::badComponents()
     anchor->setPopup(&component);
     QVERIFY(!anchor->isPopupVisible() && !anchor->popupItem());
     QVERIFY(!PopupStack::top());
+
+    // The engine has not been silenced by it.
+    expectWarning(QStringLiteral("ReferenceError: Elsewhere"));
+    QVERIFY(scene.create(QStringLiteral("Item { width: Elsewhere.x }")));
 }
 
 void tst_PopupLifetime::withoutWindow()
@@ -155,6 +165,10 @@ void tst_PopupLifetime::declaredInstant()
     auto *shown = window->findChild<PopupAnchor *>(QStringLiteral("shown"));
     QVERIFY(shown->popupItem() && shown->popupItem()->isEnabled());
     QCOMPARE(PopupStack::top(), shown);
+    // The first show of a window is no resize.
+    QVERIFY(QTest::qWaitForWindowExposed(qobject_cast<QWindow *>(window.get())));
+    QTest::qWait(100);
+    QVERIFY(shown->isPopupVisible());
     shown->hide();
 }
 
@@ -340,6 +354,41 @@ void tst_PopupLifetime::handlersThatDestroy()
         anchor->hide();
     QVERIFY(done);
     QVERIFY(!PopupStack::top());
+}
+
+void tst_PopupLifetime::eventsThatDestroy_data()
+{
+    QTest::addColumn<QEvent::Type>("type");
+    QTest::newRow("press") << QEvent::MouseButtonPress;
+    QTest::newRow("resize") << QEvent::Resize;
+    QTest::newRow("close") << QEvent::Close;
+    QTest::newRow("escape") << QEvent::KeyPress;
+}
+
+// The event that closes a popup must not go on to a window that the popup's handler destroyed.
+void tst_PopupLifetime::eventsThatDestroy()
+{
+    QFETCH(QEvent::Type, type);
+    Scene scene(kAnchor);
+    QVERIFY(scene.isValid());
+    auto *anchor = scene.find<PopupAnchor>("anchor");
+    connect(anchor, &PopupAnchor::aboutToHide, [&] { scene.destroyWindow(); });
+    anchor->show();
+    const QPointF outside(700, 500);
+    QMouseEvent press(type, outside, outside, scene.window()->mapToGlobal(outside.toPoint()),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QResizeEvent resize(QSize(700, 500), QSize(800, 600));
+    QCloseEvent close;
+    QKeyEvent escape(type, Qt::Key_Escape, Qt::NoModifier);
+    QEvent *event = &press;
+    if (type == QEvent::Resize)
+        event = &resize;
+    else if (type == QEvent::Close)
+        event = &close;
+    else if (type == QEvent::KeyPress)
+        event = &escape;
+    QVERIFY(QCoreApplication::sendEvent(scene.window(), event));
+    QVERIFY(!scene.window());
 }
 
 void tst_PopupLifetime::destroyedWhileShown()

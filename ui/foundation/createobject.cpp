@@ -5,6 +5,8 @@
 #include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
 
+#include <memory>
+
 namespace ta::ui {
 
 QObject *createObject(QQmlComponent *component, const std::function<void(QObject *)> &prepare)
@@ -17,13 +19,24 @@ QObject *createObject(QQmlComponent *component, const std::function<void(QObject
     if (!context || !context->isValid())
         return nullptr;
 
-    const QPointer<QObject> object(component->beginCreate(context));
-    // completeCreate() of a component that failed to create its object crashes in Qt 5.15.
-    if (!object)
+    const bool ready = component->isReady();
+    std::unique_ptr<QObject> created(component->beginCreate(context));
+    if (!created) {
+        // A creation that failed half-way has to be completed, or the component creates nothing any
+        // more. One that has not begun must not be: it crashes in Qt 5.15.
+        if (guard && ready && component->isError())
+            component->completeCreate();
         return nullptr;
+    }
+    const QPointer<QObject> object(created.release());
     prepare(object);
-    if (guard)
-        component->completeCreate();
+    if (!guard)
+        return object;
+    component->completeCreate();
+    if (guard && component->isError()) {
+        created.reset(object); // a required property, for instance, has no value
+        return nullptr;
+    }
     return object;
 }
 

@@ -9,14 +9,14 @@ namespace ta::ui {
 
 // Real numbers become whole pixels here and nowhere else. Coordinates and sizes come from hosts, so
 // they may be NaN, infinite or beyond the range of int, where a plain conversion is undefined: NaN
-// becomes 0, the rest the nearest representable number.
+// becomes 0, the rest the nearest number that can be added to a few others without overflow.
 
 inline qreal withinInt(qreal value)
 {
     if (qIsNaN(value))
         return 0;
-    return qBound(qreal(std::numeric_limits<int>::min() / 2), value,
-                  qreal(std::numeric_limits<int>::max() / 2));
+    return qBound(qreal(std::numeric_limits<int>::min() / 8), value,
+                  qreal(std::numeric_limits<int>::max() / 8));
 }
 
 /// The nearest whole number, halves upwards, as qRound() does.

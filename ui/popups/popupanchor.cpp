@@ -71,7 +71,9 @@ public:
     int distanceRight = 0;
 
     bool creationPending = false; // asked for while canCreate() was false
+    bool creating = false;
     bool onStack = false;
+    QSize windowSize; // when the popup was shown
     int visibilityChanges = 0;
     int placements = 0;
     QMetaObject::Connection frameConnection;
@@ -128,6 +130,7 @@ void PopupAnchorPrivate::createPopupItem()
     }
 
     const QPointer<PopupAnchor> guard(q);
+    creating = true;
     bool isItem = true;
     const QPointer<QObject> object = createObject(popup, [&](QObject *created) {
         auto *item = qobject_cast<QQuickItem *>(created);
@@ -139,8 +142,10 @@ void PopupAnchorPrivate::createPopupItem()
         qCWarning(lcUi, "A popup must be an item, not a %s", object->metaObject()->className());
         const std::unique_ptr<QObject> unusable(object);
     }
-    if (guard)
-        Q_EMIT q->popupItemChanged();
+    if (!guard)
+        return;
+    creating = false;
+    Q_EMIT q->popupItemChanged();
 }
 
 // Runs between creation and completion, so that the component's completion handlers find the item
@@ -162,6 +167,8 @@ void PopupAnchorPrivate::adopt(QQuickItem *item)
 // application's events with nothing on the screen, so it closes.
 void PopupAnchorPrivate::popupItemDestroyed()
 {
+    if (creating) // it never came to be, which createPopupItem() tells
+        return;
     const QPointer<PopupAnchor> guard(q);
     Q_EMIT q->popupItemChanged();
     if (guard && !popupItem)
@@ -266,6 +273,7 @@ void PopupAnchorPrivate::joinStack()
     if (onStack || !window)
         return;
     onStack = true;
+    windowSize = window->size();
     // Emitted on the render thread where there is one: the automatic connection queues it then.
     frameConnection = QObject::connect(window, &QQuickWindow::beforeSynchronizing, q,
                                        &PopupAnchor::updateAnchorPosition);
@@ -357,23 +365,31 @@ void PopupAnchorPrivate::follow()
 
 bool PopupAnchor::eventFilter(QObject *watched, QEvent *event)
 {
+    // Hiding may run a handler that destroys the receiver, which must not get the event then.
+    const QPointer<QObject> receiver(watched);
+    bool handled = false;
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        return d->press(static_cast<QMouseEvent *>(event)->screenPos());
+        handled = d->press(static_cast<QMouseEvent *>(event)->screenPos());
+        break;
     case QEvent::KeyPress:
-        return d->key(static_cast<QKeyEvent *>(event)->key());
+        handled = d->key(static_cast<QKeyEvent *>(event)->key());
+        break;
     case QEvent::Wheel:
-        return d->wheel(static_cast<QWheelEvent *>(event)->globalPosition());
+        handled = d->wheel(static_cast<QWheelEvent *>(event)->globalPosition());
+        break;
     case QEvent::Resize:
-        if (watched == window())
+        // The first show of a window brings such an event, too, without any change.
+        if (watched == window() && static_cast<QResizeEvent *>(event)->size() != d->windowSize)
             hide();
-        return false;
+        break;
     case QEvent::Close:
         hide();
-        return false;
+        break;
     default:
         return false;
     }
+    return handled || !receiver;
 }
 
 QPoint PopupAnchorPrivate::windowPosition(const QPointF &screenPosition) const
@@ -570,6 +586,8 @@ void PopupAnchor::setPopupCreationPolicy(PopupCreationPolicy policy)
     } else if (!d->popupItem) {
         const QPointer<PopupAnchor> guard(this);
         d->createPopupItem();
+        if (guard && d->popupVisible && d->popupItem)
+            d->present();
         if (!guard)
             return;
     }

@@ -25,6 +25,9 @@ class PopupAnchorPrivate;
    hides itself by its \c enabled state (or by \l popupVisible), and has 700 ms for an animation
    after each hide.
 
+    A press on an empty part of the popup goes to the item that keeps input from what lies below,
+   and not to the popup's root: what reacts to input is a child of the root.
+
     Where the anchor has no window yet, or QML is still constructing it, a popup that was asked for
     appears once it has one. A popup whose anchor leaves its window closes, and so does one whose
     window is hidden. A component whose root is not an item counts as no popup.

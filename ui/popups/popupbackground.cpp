@@ -4,6 +4,17 @@
 
 namespace ta::ui {
 
+namespace {
+
+// Positioners and layouts make room for a child that has a size; one that follows theirs would grow
+// with them without end.
+bool arrangesChildren(const QQuickItem *item)
+{
+    return item->inherits("QQuickBasePositioner") || item->inherits("QQuickLayout");
+}
+
+} // namespace
+
 PopupBackground::PopupBackground(QQuickItem *parent) : QQuickItem(parent)
 {
     Q_ASSERT(parent);
@@ -13,9 +24,11 @@ PopupBackground::PopupBackground(QQuickItem *parent) : QQuickItem(parent)
     setKeepTouchGrab(true);
 
     setZ(-100);
-    setSize(parent->size());
-    connect(parent, &QQuickItem::widthChanged, this, &PopupBackground::updateWidth);
-    connect(parent, &QQuickItem::heightChanged, this, &PopupBackground::updateHeight);
+    if (!arrangesChildren(parent)) {
+        setSize(parent->size());
+        connect(parent, &QQuickItem::widthChanged, this, &PopupBackground::updateWidth);
+        connect(parent, &QQuickItem::heightChanged, this, &PopupBackground::updateHeight);
+    }
 
     setAcceptHoverEvents(true);
     setAcceptTouchEvents(true);
@@ -24,6 +37,12 @@ PopupBackground::PopupBackground(QQuickItem *parent) : QQuickItem(parent)
 }
 
 PopupBackground::~PopupBackground() = default;
+
+bool PopupBackground::contains(const QPointF &point) const
+{
+    const QQuickItem *popup = parentItem();
+    return popup && QRectF(QPointF(), popup->size()).contains(mapToItem(popup, point));
+}
 
 void PopupBackground::updateWidth()
 {

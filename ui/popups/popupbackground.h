@@ -9,9 +9,10 @@ namespace ta::ui {
 /*!
     Keeps input over a popup from reaching what lies below it.
 
-    The background covers its parent item exactly, below the parent's other children, and accepts
-    every mouse, wheel, touch and hover event that none of those took. A press on it moves the
-   active focus into the popup. It draws nothing.
+    The background covers its parent item exactly (where that arranges its children, it has no size
+   of its own, lest it be arranged with them), below the parent's other children, and accepts every
+   mouse, wheel, touch and hover event that none of those took. A press on it moves the active focus
+   into the popup. It draws nothing.
 */
 class TAMBERUI_EXPORT PopupBackground : public QQuickItem
 {
@@ -21,6 +22,9 @@ public:
     /// \a parent is the popup's root item; it must not be null.
     explicit PopupBackground(QQuickItem *parent);
     ~PopupBackground() override;
+
+    /// Whether \a point lies over the parent item.
+    bool contains(const QPointF &point) const override;
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;

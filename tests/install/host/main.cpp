@@ -32,8 +32,8 @@ int main(int argc, char *argv[])
     const auto *button = qobject_cast<ta::ui::PushButtonBase *>(object.get());
     const QColor color = ta::ui::Colors().getColor(ta::ui::Colors::FocusColor);
     const bool works = button && button->text() == QLatin1String("OK")
-        && color == QColor(0x8B, 0xC7, 0xD8) && !ta::ui::PopupStack::top()
-        && !QImage(QStringLiteral(":/ui/images/checkmark.png")).isNull();
+                       && color == QColor(0x8B, 0xC7, 0xD8) && !ta::ui::PopupStack::top()
+                       && !QImage(QStringLiteral(":/ui/images/checkmark.png")).isNull();
     qInfo("%s", works ? "works" : "fails");
     return works ? 0 : 1;
 }
