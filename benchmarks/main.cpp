@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <sched.h>
 
 namespace {
 
@@ -24,21 +23,11 @@ Usage: tamberui-bench [--json FILE] [--strict] [--benchmark_...]
   --benchmark_repetitions=N     instead of 21
 )";
 
-// Moving to another processor in the middle of a measurement costs it the caches.
-void stayOnOneProcessor()
-{
-    cpu_set_t processors;
-    CPU_ZERO(&processors);
-    CPU_SET(sched_getcpu(), &processors);
-    if (sched_setaffinity(0, sizeof processors, &processors) != 0)
-        std::perror("tamberui-bench: cannot stay on one processor");
-}
-
 } // namespace
 
 int main(int argc, char **argv)
 {
-    stayOnOneProcessor();
+    bench::stayOnOneProcessor();
     bench::Stage::prepare();
     QGuiApplication application(argc, argv);
 
@@ -67,7 +56,7 @@ int main(int argc, char **argv)
 
     ta::ui::register_private();
     const bench::Rows rows = bench::buttonRows() + bench::popupRows() + bench::sliderRows()
-                             + bench::sceneGraphRows();
+                             + bench::sceneGraphRows() + bench::thumbnailRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

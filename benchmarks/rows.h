@@ -9,5 +9,6 @@ Rows buttonRows();
 Rows popupRows();
 Rows sceneGraphRows();
 Rows sliderRows();
+Rows thumbnailRows();
 
 } // namespace bench

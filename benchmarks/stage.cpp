@@ -1,13 +1,17 @@
 #include "stage.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
 #include <QtGui/QOpenGLContext>
 #include <QtGui/QOpenGLFunctions>
 #include <QtGui/QSurfaceFormat>
 #include <QtQuick/QQuickItem>
 
+#include <cerrno>
+#include <cstdio>
 #include <ctime>
+#include <sched.h>
 
 namespace bench {
 
@@ -24,7 +28,42 @@ void processEvents()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+// The processors that the process was started with, and the one it stays on.
+cpu_set_t s_allProcessors;
+cpu_set_t s_oneProcessor;
+
+void moveThreads(const cpu_set_t &processors)
+{
+    const QStringList threads = QDir(QStringLiteral("/proc/self/task"))
+                                    .entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &thread : threads) {
+        // A thread may have ended since.
+        if (sched_setaffinity(thread.toInt(), sizeof processors, &processors) != 0
+            && errno != ESRCH) {
+            std::perror("tamberui-bench: cannot choose the processors");
+        }
+    }
+}
+
 } // namespace
+
+void stayOnOneProcessor()
+{
+    sched_getaffinity(0, sizeof s_allProcessors, &s_allProcessors);
+    CPU_ZERO(&s_oneProcessor);
+    CPU_SET(sched_getcpu(), &s_oneProcessor);
+    moveThreads(s_oneProcessor);
+}
+
+AllProcessors::AllProcessors()
+{
+    moveThreads(s_allProcessors);
+}
+
+AllProcessors::~AllProcessors()
+{
+    moveThreads(s_oneProcessor);
+}
 
 double threadTime()
 {

@@ -13,6 +13,19 @@ namespace bench {
 /// not count what other processes do meanwhile.
 double threadTime();
 
+/// Keeps the process on the processor that it is on: moving to another one in the middle of a
+/// measurement costs it the caches.
+void stayOnOneProcessor();
+
+/// Lets all threads of the process use all processors that it was started with, as long as it
+/// lives.
+class AllProcessors
+{
+public:
+    AllProcessors();
+    ~AllProcessors();
+};
+
 /*!
     The engine and the shown window that all measurements share.
 
@@ -27,6 +40,7 @@ public:
 
     Stage();
 
+    QQmlEngine &engine() { return m_engine; }
     QQuickWindow &window() { return m_window; }
     QString renderer() const { return m_renderer; }
 

@@ -1,4 +1,5 @@
 #include "pages.h"
+#include "pictures.h"
 #include "screenshots.h"
 #include "trace.h"
 
@@ -105,6 +106,10 @@ int main(int argc, char *argv[])
     Trace trace; // outlives the engine and with it the window
     QQmlApplicationEngine engine;
     addKitPath(&engine);
+    qmlRegisterSingletonType<Pictures>("Gallery", 1, 0, "Pictures",
+                                       [](QQmlEngine *, QJSEngine *) -> QObject * {
+                                           return new Pictures; // the engine owns it
+                                       });
     QObject::connect(&engine, &QQmlEngine::warnings, &engine,
                      [&](const QList<QQmlError> &warnings) { complaints += warnings.count(); });
     if (parser.isSet(options.contactSheets)) {

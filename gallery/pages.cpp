@@ -21,6 +21,7 @@ constexpr Page kPages[] = {
     { "popups", "Popups", "Popups.qml" },
     { "icons", "Icons", "Icons.qml" },
     { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },
+    { "thumbnails", "Thumbnails", "Thumbnails.qml" },
 };
 
 } // namespace

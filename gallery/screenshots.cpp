@@ -5,6 +5,7 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QEventLoop>
+#include <QtCore/QThreadPool>
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtQuick/QQuickView>
@@ -29,6 +30,10 @@ bool takePicture(QQuickWindow *window, const QString &name, const QDir &folder)
         qWarning("gallery: %s was not rendered", qUtf8Printable(name));
         return false;
     }
+    // What the page has asked for in the background arrives with the frame after it is done.
+    QThreadPool::globalInstance()->waitForDone(kPatience);
+    if (!waitForFrame(window))
+        return false;
     const QImage picture = window->grabWindow();
     const qreal scale = window->effectiveDevicePixelRatio();
     const QString suffix = qFuzzyCompare(scale, 1.0)

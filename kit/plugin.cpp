@@ -8,6 +8,7 @@
 #include <TamberUi/Icon>
 #include <TamberUi/Logging>
 #include <TamberUi/Module>
+#include <TamberUi/Thumbnail>
 #include <TamberUi/Ui>
 
 #include <QtGui/QFont>
@@ -48,13 +49,13 @@ void registerPublic(const char *uri)
     qmlRegisterRevision<QQuickItem, 11>(uri, major, minor);
     qmlRegisterSingletonType<Colors>(uri, major, minor, "UiColors", createNames<Colors>);
     qmlRegisterSingletonType<Fonts>(uri, major, minor, "UiFonts", createNames<Fonts>);
-    qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
                                    QStringLiteral("Ui only has enumerations"));
     qmlRegisterType<Border>(uri, major, minor, "UiBorder");
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
-
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
+    qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
 
     for (const char *control : {
              "UiCheckBox",

@@ -51,6 +51,7 @@ Page {
 
                 width: 176
                 text: qsTr("Disabled")
+                value: 0
                 valueText: value.toFixed(2)
             }
 
@@ -59,6 +60,7 @@ Page {
 
                 width: 176
                 text: qsTr("Highlight")
+                value: 0
                 valueText: value.toFixed(2)
             }
         }

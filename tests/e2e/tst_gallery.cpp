@@ -230,7 +230,7 @@ void tst_Gallery::navigation()
     Gallery gallery({});
     QVERIFY(gallery.says(QStringLiteral("ready colours-and-fonts")));
     for (const char *page : { "buttons", "sliders", "popups", "icons", "borders-and-boards",
-                              "colours-and-fonts" }) {
+                              "thumbnails", "colours-and-fonts" }) {
         gallery.click(QStringLiteral("nav-") + QLatin1String(page));
         QVERIFY(gallery.says(QStringLiteral("ready ") + QLatin1String(page)));
     }

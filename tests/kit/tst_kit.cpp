@@ -81,11 +81,11 @@ void tst_Kit::registration()
         "property color ink: UiColors.getColor(UiColors.DarkGrey80)\n"
         "UiText {} UiPushButton {} UiToolButton {} UiCheckBox {} UiHorizontalSeparator {}\n"
         "UiLoadIndicator {} UiComboBox {} UiInfoTip {} UiPopupAnchor {}\n"
-        "UiSlider {} UiDefaultSlider {} UiIcon {} UiBorder {} UiCheckerBoard {}"));
+        "UiSlider {} UiDefaultSlider {} UiIcon {} UiBorder {} UiCheckerBoard {} UiThumbnail {}"));
     QVERIFY(scene.isValid());
     QCOMPARE(scene.root()->property("style").toInt(), 2);
     QCOMPARE(scene.root()->property("ink").value<QColor>(), QColor(0x33, 0x33, 0x33));
-    QCOMPARE(scene.root()->childItems().count(), 14);
+    QCOMPARE(scene.root()->childItems().count(), 15);
 }
 
 // Engines share nothing that dies with one of them.

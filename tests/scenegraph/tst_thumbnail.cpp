@@ -1,0 +1,434 @@
+// variants: x11 threaded scale2
+#include "support/probeimage.h"
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/Thumbnail>
+
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QThreadPool>
+
+#include <cmath>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+// Sizes and positions are those of the items, in logical pixels.
+class tst_Thumbnail : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void fitting_data();
+    void fitting();
+    void decodedForTheScreen();
+    void disabled();
+    void nothingToShow_data();
+    void nothingToShow();
+    void manyAskForOne();
+    void latestSourceWins();
+    void clearedWhileLoading();
+    void manySourcesInOneFrame();
+    void sizeChanges();
+    void oddSizes();
+    void declaredPropertiesLoadOnce();
+    void twoWindows();
+    void movedBetweenWindows();
+    void hiddenAndShownAgain();
+    void windowClosedWhileLoading();
+    void handlersThatDestroy_data();
+    void handlersThatDestroy();
+
+private:
+    QDir folder() const { return QDir(m_folder.path()); }
+    QTemporaryDir m_folder;
+};
+
+namespace {
+
+// A scene on white, with room for items of 400 x 400.
+class Board : public Scene
+{
+public:
+    explicit Board(const QString &body)
+        : Scene(QStringLiteral("Rectangle { anchors.fill: parent }") + body, QSize(420, 420))
+    {
+    }
+
+    QColor pixel(const QPointF &position) const
+    {
+        const qreal ratio = window()->effectiveDevicePixelRatio();
+        const QImage image = window()->grabWindow(); // null until the first frame is there
+        const QPoint texel = (position * ratio).toPoint();
+        return image.valid(texel) ? image.pixelColor(texel) : QColor();
+    }
+
+    Thumbnail *addThumbnail(const QUrl &source, const QRect &geometry)
+    {
+        auto *thumbnail = new Thumbnail(root());
+        thumbnail->setPosition(geometry.topLeft());
+        thumbnail->setSize(geometry.size());
+        thumbnail->setSource(source);
+        return thumbnail;
+    }
+};
+
+// Every load that was asked for has ended, and the items know.
+void waitForLoads()
+{
+    QThreadPool::globalInstance()->waitForDone();
+    QCoreApplication::processEvents();
+}
+
+bool isAbout(const QColor &color, const QColor &expected)
+{
+    const auto near = [](int a, int b) { return qAbs(a - b) <= 2; };
+    return near(color.red(), expected.red()) && near(color.green(), expected.green())
+           && near(color.blue(), expected.blue());
+}
+
+} // namespace
+
+void tst_Thumbnail::initTestCase()
+{
+    QThreadPool::globalInstance()->setMaxThreadCount(4); // while one of them waits
+    qmlRegisterType<Thumbnail>("Test", 1, 0, "Thumbnail");
+}
+
+void tst_Thumbnail::cleanup()
+{
+    waitForLoads();
+    TestCase::cleanup();
+}
+
+void tst_Thumbnail::fitting_data()
+{
+    QTest::addColumn<QSize>("picture");
+    QTest::addColumn<QRect>("region");
+    QTest::addColumn<QSize>("item");
+    QTest::addColumn<QRect>("expected");
+    QTest::addColumn<bool>("leftOnly"); // no black half
+    QTest::newRow("scaled down") << QSize(4000, 3000) << QRect() << QSize(200, 100)
+                                 << QRect(33, 0, 133, 100) << false;
+    QTest::newRow("stretched") << QSize(100, 50) << QRect() << QSize(400, 400)
+                               << QRect(0, 100, 400, 200) << false;
+    QTest::newRow("region") << QSize(200, 100) << QRect(10, 10, 50, 40) << QSize(100, 100)
+                            << QRect(0, 10, 100, 80) << true;
+    QTest::newRow("region over the middle") << QSize(200, 100) << QRect(80, 0, 40, 40)
+                                            << QSize(100, 100) << QRect(0, 0, 100, 100) << false;
+}
+
+void tst_Thumbnail::fitting()
+{
+    QFETCH(QSize, picture);
+    QFETCH(QRect, region);
+    QFETCH(QSize, item);
+    QFETCH(QRect, expected);
+    QFETCH(bool, leftOnly);
+    const ProbeImage probe(folder(), QStringLiteral("fitting"), picture, Qt::red);
+    Board board({});
+    QVERIFY(board.isValid());
+    Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(QPoint(10, 10), item));
+    thumbnail->setRegion(region);
+    const QRectF area = QRectF(expected).translated(10, 10);
+    QTRY_COMPARE(board.pixel(area.topLeft() + QPointF(1, 1)), QColor(Qt::red));
+    QCOMPARE(board.pixel(QPointF(area.left() + area.width() / 4, area.bottom() - 2)),
+             QColor(Qt::red));
+    QCOMPARE(board.pixel(area.bottomRight() - QPointF(2, 2)),
+             QColor(leftOnly ? Qt::red : Qt::black));
+    for (const QPointF &outside :
+         { area.topLeft() - QPointF(2, 0), area.topLeft() - QPointF(0, 2),
+           area.bottomRight() + QPointF(1, -2), area.bottomRight() + QPointF(-2, 1) })
+        QCOMPARE(board.pixel(outside), QColor(Qt::white));
+}
+
+void tst_Thumbnail::decodedForTheScreen()
+{
+    const ProbeImage probe(folder(), QStringLiteral("screen"), QSize(4000, 3000));
+    Board board({});
+    QVERIFY(board.isValid());
+    board.addThumbnail(probe.url(), QRect(0, 0, 200, 100));
+    QTRY_COMPARE(probe.readCount(), 1);
+    const bool doubled = board.window()->effectiveDevicePixelRatio() > 1.5;
+    QCOMPARE(probe.decodedSize(), doubled ? QSize(266, 200) : QSize(133, 100));
+}
+
+void tst_Thumbnail::disabled()
+{
+    const QColor color(200, 100, 50);
+    const ProbeImage probe(folder(), QStringLiteral("disabled"), QSize(40, 40), color);
+    Board board({});
+    QVERIFY(board.isValid());
+    Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
+    QTRY_COMPARE(board.pixel(QPointF(20, 50)), color);
+    thumbnail->setEnabled(false);
+    const int grey = qRound((0.344 * 200 + 0.5 * 100 + 0.156 * 50 + 255) / 2); // half on white
+    QVERIFY(isAbout(board.pixel(QPointF(20, 50)), QColor(grey, grey, grey)));
+    QVERIFY(isAbout(board.pixel(QPointF(80, 50)), QColor(128, 128, 128)));
+    thumbnail->setEnabled(true);
+    QCOMPARE(board.pixel(QPointF(20, 50)), color);
+}
+
+void tst_Thumbnail::nothingToShow_data()
+{
+    QTest::addColumn<QUrl>("source");
+    QTest::newRow("empty") << QUrl();
+    QTest::newRow("resource") << QUrl(QStringLiteral("qrc:/ui/images/checkmark.png"));
+    QTest::newRow("network") << QUrl(QStringLiteral("http://localhost/a.png"));
+    QTest::newRow("missing") << QUrl::fromLocalFile(QStringLiteral("/nowhere.png"));
+    QTest::newRow("folder") << QUrl::fromLocalFile(m_folder.path());
+}
+
+// What was shown before goes.
+void tst_Thumbnail::nothingToShow()
+{
+    QFETCH(QUrl, source);
+    const ProbeImage probe(folder(), QStringLiteral("before"), QSize(40, 40));
+    Board board({});
+    QVERIFY(board.isValid());
+    Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
+    QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
+    thumbnail->setSource(source);
+    QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+    thumbnail->setEnabled(false);
+    QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+}
+
+void tst_Thumbnail::manyAskForOne()
+{
+    ProbeImage probe(folder(), QStringLiteral("many"), QSize(4000, 3000));
+    probe.hold();
+    Board board({});
+    QVERIFY(board.isValid());
+    for (int i = 0; i < 20; ++i)
+        board.addThumbnail(probe.url(), QRect(i * 20, 0, 20, 20));
+    QTRY_VERIFY(probe.isBeingRead());
+    probe.release();
+    for (int i = 0; i < 20; ++i)
+        QTRY_COMPARE(board.pixel(QPointF(i * 20 + 5, 10)), QColor(Qt::red));
+    board.addThumbnail(probe.url(), QRect(0, 100, 20, 20));
+    QTRY_COMPARE(board.pixel(QPointF(5, 110)), QColor(Qt::red));
+    QCOMPARE(probe.readCount(), 1);
+}
+
+void tst_Thumbnail::latestSourceWins()
+{
+    ProbeImage first(folder(), QStringLiteral("first"), QSize(40, 40), Qt::red);
+    const ProbeImage second(folder(), QStringLiteral("second"), QSize(40, 40), Qt::green);
+    first.hold();
+    Board board({});
+    QVERIFY(board.isValid());
+    Thumbnail *thumbnail = board.addThumbnail(first.url(), QRect(0, 0, 100, 100));
+    QTRY_VERIFY(first.isBeingRead());
+    thumbnail->setSource(second.url());
+    QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::green));
+    first.release();
+    waitForLoads();
+    QCOMPARE(first.readCount(), 1);
+    QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::green));
+}
+
+void tst_Thumbnail::clearedWhileLoading()
+{
+    ProbeImage probe(folder(), QStringLiteral("cleared"), QSize(40, 40));
+    probe.hold();
+    Board board({});
+    QVERIFY(board.isValid());
+    Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
+    QTRY_VERIFY(probe.isBeingRead());
+    thumbnail->setSource(QUrl());
+    probe.release();
+    waitForLoads();
+    QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+
+    // The same when the load has ended and no frame has shown it yet.
+    thumbnail->setSource(probe.url());
+    waitForLoads();
+    thumbnail->setSource(QUrl());
+    QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+}
+
+void tst_Thumbnail::manySourcesInOneFrame()
+{
+    const ProbeImage a(folder(), QStringLiteral("a"), QSize(40, 40), Qt::red);
+    const ProbeImage b(folder(), QStringLiteral("b"), QSize(40, 40), Qt::green);
+    Board board({});
+    QVERIFY(board.isValid());
+    Thumbnail *thumbnail = board.addThumbnail(QUrl(), QRect(0, 0, 100, 100));
+    for (int i = 0; i < 50; ++i) {
+        thumbnail->setSource(a.url());
+        thumbnail->setSource(b.url());
+    }
+    QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::green));
+    waitForLoads();
+    QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::green));
+    QCOMPARE(a.readCount() + b.readCount(), 2);
+    QCOMPARE(thumbnail->findChildren<QObject *>().count(), 0);
+}
+
+// A size that is the same in whole pixels loads nothing anew.
+void tst_Thumbnail::sizeChanges()
+{
+    Board board({});
+    QVERIFY(board.isValid());
+    const QString path = folder().filePath(QStringLiteral("later.png"));
+    Thumbnail *thumbnail = board.addThumbnail(QUrl::fromLocalFile(path), QRect(0, 0, 100, 100));
+    thumbnail->setWidth(100.4);
+    waitForLoads();
+    QImage picture(40, 40, QImage::Format_RGB32);
+    picture.fill(Qt::blue);
+    QVERIFY(picture.save(path));
+    thumbnail->setWidth(100.3);
+    thumbnail->setHeight(100.4);
+    waitForLoads();
+    QCOMPARE(board.pixel(QPointF(50, 50)), QColor(Qt::white));
+    thumbnail->setWidth(100.6);
+    QTRY_COMPARE(board.pixel(QPointF(50, 50)), QColor(Qt::blue));
+}
+
+void tst_Thumbnail::oddSizes()
+{
+    const ProbeImage probe(folder(), QStringLiteral("odd"), QSize(40, 40));
+    Board board({});
+    QVERIFY(board.isValid());
+    Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect());
+    const qreal most = std::numeric_limits<qreal>::max();
+    for (const QSizeF &size : { QSizeF(0, 0), QSizeF(-50, -50), QSizeF(0.9, 100), QSizeF(1, 0),
+                                QSizeF(std::nan(""), 10), QSizeF(100, -1) }) {
+        thumbnail->setSize(size);
+        waitForLoads();
+        QCOMPARE(board.pixel(QPointF(0, 0)), QColor(Qt::white));
+    }
+    QCOMPARE(probe.readCount(), 0); // there is nothing to decode for
+    thumbnail->setSize(QSizeF(most, most));
+    QVERIFY(board.waitForFrame());
+    thumbnail->setSize(QSizeF(100, 100));
+    QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
+}
+
+// Whatever the order in which they are declared.
+void tst_Thumbnail::declaredPropertiesLoadOnce()
+{
+    const ProbeImage probe(folder(), QStringLiteral("declared"), QSize(400, 400));
+    Board board({});
+    QVERIFY(board.isValid());
+    const auto component = board.create(
+        QStringLiteral(
+            "import Test 1.0; Item { Thumbnail { source: '%1'; width: 50; height: width; "
+            "region: Qt.rect(0, 0, 100, 100) } }")
+            .arg(probe.url().toString()));
+    QVERIFY(component);
+    waitForLoads();
+    QCOMPARE(probe.readCount(), 1);
+}
+
+void tst_Thumbnail::twoWindows()
+{
+    const ProbeImage red(folder(), QStringLiteral("red"), QSize(40, 40), Qt::red);
+    const ProbeImage green(folder(), QStringLiteral("green"), QSize(40, 40), Qt::green);
+    Board second({});
+    QVERIFY(second.isValid());
+    second.addThumbnail(green.url(), QRect(0, 0, 100, 100));
+    second.addThumbnail(QUrl(), QRect(100, 0, 100, 100));
+    {
+        Board first({});
+        QVERIFY(first.isValid());
+        first.addThumbnail(red.url(), QRect(0, 0, 100, 100));
+        first.addThumbnail(QUrl(), QRect(100, 0, 100, 100));
+        QTRY_COMPARE(first.pixel(QPointF(20, 50)), QColor(Qt::red));
+        QTRY_COMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::green));
+    }
+    second.addThumbnail(QUrl(), QRect(200, 0, 100, 100));
+    second.addThumbnail(red.url(), QRect(0, 100, 100, 100));
+    QTRY_COMPARE(second.pixel(QPointF(20, 150)), QColor(Qt::red));
+    QCOMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::green));
+    QCOMPARE(second.pixel(QPointF(150, 50)), QColor(Qt::white));
+    QCOMPARE(second.pixel(QPointF(250, 50)), QColor(Qt::white));
+}
+
+void tst_Thumbnail::movedBetweenWindows()
+{
+    const ProbeImage probe(folder(), QStringLiteral("moved"), QSize(40, 40));
+    Board first({});
+    Board second({});
+    QVERIFY(first.isValid() && second.isValid());
+    Thumbnail *thumbnail = first.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
+    thumbnail->setEnabled(false);
+    const QColor shown(172, 172, 172); // half of the grey of red, on white
+    for (Board *board : { &first, &second, &first, &second }) {
+        thumbnail->setParentItem(board->root());
+        QTRY_VERIFY(isAbout(board->pixel(QPointF(20, 50)), shown));
+    }
+    QCOMPARE(first.pixel(QPointF(20, 50)), QColor(Qt::white));
+    QCOMPARE(probe.readCount(), 1);
+}
+
+// The graphics context goes with the frame; there is a new one when the window comes back.
+void tst_Thumbnail::hiddenAndShownAgain()
+{
+    const ProbeImage probe(folder(), QStringLiteral("hidden"), QSize(40, 40));
+    Board board({});
+    QVERIFY(board.isValid());
+    board.window()->setPersistentSceneGraph(false);
+    board.window()->setPersistentOpenGLContext(false);
+    board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
+    board.addThumbnail(QUrl(), QRect(100, 0, 100, 100));
+    QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
+    for (int i = 0; i < 3; ++i) {
+        QSignalSpy invalidated(board.window(), &QQuickWindow::sceneGraphInvalidated);
+        board.window()->hide();
+        if (qEnvironmentVariable("QSG_RENDER_LOOP") == QLatin1String("threaded"))
+            QTRY_VERIFY(!invalidated.isEmpty()); // the basic loop keeps it
+        board.window()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(board.window()));
+        QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
+        QCOMPARE(board.pixel(QPointF(120, 50)), QColor(Qt::white));
+    }
+    QCOMPARE(probe.readCount(), 1);
+}
+
+void tst_Thumbnail::windowClosedWhileLoading()
+{
+    ProbeImage probe(folder(), QStringLiteral("closed"), QSize(40, 40));
+    probe.hold();
+    Board board({});
+    QVERIFY(board.isValid());
+    for (int i = 0; i < 4; ++i)
+        board.addThumbnail(probe.url(), QRect(i * 50, 0, 50 + i, 50));
+    QTRY_VERIFY(probe.isBeingRead());
+    board.destroyWindow();
+    probe.release();
+    waitForLoads();
+    QCOMPARE(probe.readCount(), 4);
+}
+
+void tst_Thumbnail::handlersThatDestroy_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<QVariant>("value");
+    QTest::newRow("source") << QByteArray("source")
+                            << QVariant(QUrl::fromLocalFile(m_folder.path()));
+    QTest::newRow("region") << QByteArray("region") << QVariant(QRect(1, 2, 3, 4));
+    QTest::newRow("width") << QByteArray("width") << QVariant(77.0);
+}
+
+void tst_Thumbnail::handlersThatDestroy()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(QVariant, value);
+    const ProbeImage probe(folder(), QStringLiteral("destroyed"), QSize(40, 40));
+    QPointer<Thumbnail> thumbnail = new Thumbnail;
+    thumbnail->setSource(probe.url());
+    const auto destroy = [&] { delete thumbnail; };
+    connect(thumbnail, &Thumbnail::sourceChanged, this, destroy);
+    connect(thumbnail, &Thumbnail::regionChanged, this, destroy);
+    connect(thumbnail, &QQuickItem::widthChanged, this, destroy);
+    thumbnail->setProperty(property, value);
+    QVERIFY(!thumbnail);
+}
+
+TAMBER_TEST_MAIN(tst_Thumbnail)
+#include "tst_thumbnail.moc"

@@ -1,0 +1,348 @@
+#include "support/probeimage.h"
+#include "support/testcase.h"
+
+#include "scenegraph/thumbnailgeometry_p.h"
+#include "scenegraph/thumbnailloader_p.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QThreadPool>
+
+#include <cmath>
+#include <sys/stat.h>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+class tst_ThumbnailLoader : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void target_data();
+    void target();
+    void decoding_data();
+    void decoding();
+    void rect_data();
+    void rect();
+    void decodedPixels_data();
+    void decodedPixels();
+    void badFiles_data();
+    void badFiles();
+    void missingFileIsTriedAgain();
+    void keyTellsApart();
+    void cacheKeepsWhatWasUsedLast();
+    void cacheBoundsSmallPictures();
+    void onceForAllThatAskMeanwhile();
+
+private:
+    QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+    void write(const char *name, const QByteArray &content)
+    {
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    QTemporaryDir m_folder;
+};
+
+namespace {
+
+ThumbnailLoadJob job(const QUrl &source, const QSize &size, const QRect &region = QRect())
+{
+    ThumbnailLoadJob job;
+    job.source = source;
+    job.width = size.width();
+    job.height = size.height();
+    job.region = region;
+    return job;
+}
+
+// 80 x 40: red, green, blue and white columns of 20.
+QImage columns()
+{
+    QImage image(80, 40, QImage::Format_RGB32);
+    const QRgb colors[] = { 0xffff0000, 0xff00ff00, 0xff0000ff, 0xffffffff };
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            image.setPixel(x, y, colors[x / 20]);
+    }
+    return image;
+}
+
+} // namespace
+
+void tst_ThumbnailLoader::initTestCase()
+{
+    QThreadPool::globalInstance()->setMaxThreadCount(4); // while one of them waits
+    QVERIFY(columns().save(path("columns.png")));
+    QVERIFY(columns().save(path("columns.jpg"), nullptr, 100));
+    QVERIFY(columns().save(path("columns.bmp")));
+}
+
+void tst_ThumbnailLoader::target_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("height");
+    QTest::addColumn<double>("ratio");
+    QTest::addColumn<QSize>("expected");
+    QTest::newRow("plain") << 200 << 100 << 1.0 << QSize(200, 100);
+    QTest::newRow("doubled") << 200 << 100 << 2.0 << QSize(400, 200);
+    QTest::newRow("truncated") << 33 << 11 << 1.5 << QSize(49, 16);
+    QTest::newRow("no width") << 0 << 100 << 2.0 << QSize(0, 0);
+    QTest::newRow("both negative") << -5 << -5 << 1.0 << QSize(0, 0);
+    QTest::newRow("no ratio") << 10 << 10 << std::nan("") << QSize(0, 0);
+    const int most = std::numeric_limits<int>::max();
+    QTest::newRow("huge") << most << most << 4.0 << QSize(most / 2, most / 2);
+}
+
+void tst_ThumbnailLoader::target()
+{
+    QFETCH(int, width);
+    QFETCH(int, height);
+    QFETCH(double, ratio);
+    QTEST(thumbnailTarget(width, height, ratio), "expected");
+}
+
+void tst_ThumbnailLoader::decoding_data()
+{
+    QTest::addColumn<QSize>("full");
+    QTest::addColumn<QRect>("region");
+    QTest::addColumn<QSize>("target");
+    QTest::addColumn<bool>("empty");
+    QTest::addColumn<QRect>("clip");
+    QTest::addColumn<QSize>("scaled");
+    const QSize natural; // as it is
+    const QRect all;
+    QTest::newRow("smaller") << QSize(4000, 3000) << all << QSize(400, 200) << false << all
+                             << QSize(266, 200);
+    QTest::newRow("never larger") << QSize(100, 50) << all << QSize(400, 400) << false << all
+                                  << natural;
+    QTest::newRow("equal area") << QSize(100, 50) << all << QSize(50, 100) << false << all
+                                << natural;
+    QTest::newRow("areas beyond 32 bits")
+        << QSize(70000, 70000) << all << QSize(30000, 30000) << false << all << QSize(30000, 30000);
+    QTest::newRow("thin") << QSize(30000, 1) << all << QSize(96, 96) << false << all
+                          << QSize(96, 1);
+    QTest::newRow("unknown size") << QSize() << all << QSize(96, 96) << false << all << natural;
+    QTest::newRow("nothing to fill")
+        << QSize(100, 50) << all << QSize(0, 0) << true << all << natural;
+    const QRect region(10, 10, 50, 40);
+    QTest::newRow("region") << QSize(100, 50) << region << QSize(25, 25) << false << region
+                            << QSize(25, 20);
+    QTest::newRow("small region") << QSize(4000, 3000) << region << QSize(200, 200) << false
+                                  << region << natural;
+    QTest::newRow("region at the edge")
+        << QSize(100, 50) << QRect(80, 30, 50, 40) << QSize(400, 400) << false
+        << QRect(80, 30, 20, 20) << natural;
+    QTest::newRow("region outside")
+        << QSize(100, 50) << QRect(100, 0, 50, 40) << QSize(400, 400) << true << all << natural;
+    QTest::newRow("region left of it")
+        << QSize(100, 50) << QRect(-60, 0, 50, 40) << QSize(400, 400) << true << all << natural;
+    QTest::newRow("region of unknown")
+        << QSize() << region << QSize(25, 25) << false << region << QSize(25, 20);
+}
+
+void tst_ThumbnailLoader::decoding()
+{
+    QFETCH(QSize, full);
+    QFETCH(QRect, region);
+    QFETCH(QSize, target);
+    QFETCH(bool, empty);
+    QFETCH(QRect, clip);
+    QFETCH(QSize, scaled);
+    const ThumbnailDecoding decoding = thumbnailDecoding(full, region, target);
+    QCOMPARE(decoding.empty, empty);
+    if (empty)
+        return;
+    QCOMPARE(decoding.clip, clip);
+    QCOMPARE(decoding.scaledSize.isValid(), scaled.isValid());
+    if (scaled.isValid())
+        QCOMPARE(decoding.scaledSize, scaled);
+}
+
+void tst_ThumbnailLoader::rect_data()
+{
+    QTest::addColumn<QSize>("texture");
+    QTest::addColumn<QSizeF>("item");
+    QTest::addColumn<QRect>("expected");
+    QTest::newRow("wide item") << QSize(266, 200) << QSizeF(200, 100) << QRect(33, 0, 133, 100);
+    QTest::newRow("stretched") << QSize(100, 50) << QSizeF(400, 400) << QRect(0, 100, 400, 200);
+    QTest::newRow("fractions") << QSize(10, 10) << QSizeF(21.9, 10.9) << QRect(5, 0, 10, 10);
+    QTest::newRow("no area") << QSize(10, 10) << QSizeF(0.9, 100) << QRect();
+    QTest::newRow("negative") << QSize(10, 10) << QSizeF(-50, -50) << QRect();
+    QTest::newRow("no texture") << QSize() << QSizeF(50, 50) << QRect();
+    QTest::newRow("NaN") << QSize(10, 10) << QSizeF(std::nan(""), 50) << QRect();
+}
+
+void tst_ThumbnailLoader::rect()
+{
+    QFETCH(QSize, texture);
+    QFETCH(QSizeF, item);
+    QTEST(thumbnailRect(texture, item), "expected");
+}
+
+void tst_ThumbnailLoader::decodedPixels_data()
+{
+    QTest::addColumn<QString>("file");
+    for (const char *file : { "columns.png", "columns.jpg", "columns.bmp" })
+        QTest::newRow(file) << QString::fromLatin1(file);
+}
+
+// Decoders differ in what they do with clips and sizes; what comes out does not.
+void tst_ThumbnailLoader::decodedPixels()
+{
+    QFETCH(QString, file);
+    const QUrl source = QUrl::fromLocalFile(m_folder.filePath(file));
+    const auto check = [](const QImage &image, const QSize &size, const QVector<QColor> &colors) {
+        QCOMPARE(image.size(), size);
+        for (int i = 0; i < colors.count(); ++i) {
+            const QColor color = image.pixelColor((2 * i + 1) * size.width() / (2 * colors.count()),
+                                                  size.height() / 2);
+            const QColor expected = colors.at(i);
+            QVERIFY2(qAbs(color.red() - expected.red()) < 8
+                         && qAbs(color.green() - expected.green()) < 8
+                         && qAbs(color.blue() - expected.blue()) < 8,
+                     qPrintable(color.name() + QStringLiteral(" is not ") + expected.name()));
+        }
+    };
+    check(job(source, QSize(400, 400))(), QSize(80, 40),
+          { Qt::red, Qt::green, Qt::blue, Qt::white });
+    check(job(source, QSize(20, 20))(), QSize(20, 10), { Qt::red, Qt::green, Qt::blue, Qt::white });
+    check(job(source, QSize(400, 400), QRect(20, 10, 40, 10))(), QSize(40, 10),
+          { Qt::green, Qt::blue });
+    check(job(source, QSize(10, 10), QRect(20, 0, 40, 40))(), QSize(10, 10),
+          { Qt::green, Qt::blue });
+    check(job(source, QSize(99, 99), QRect(40, 20, 1000, 1000))(), QSize(40, 20),
+          { Qt::blue, Qt::white });
+    QVERIFY(job(source, QSize(99, 99), QRect(80, 0, 10, 10))().isNull());
+}
+
+void tst_ThumbnailLoader::badFiles_data()
+{
+    QTest::addColumn<QString>("file");
+    write("text.png", "This is no picture.");
+    write("empty.jpg", QByteArray());
+    write("unknown.xyz", "\x01\x02\x03\x04");
+    // 900 million pixels in a few bytes of header.
+    write("huge.ppm", "P6 30000 30000 255\n");
+    QFile whole(path("columns.png"));
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    write("truncated.png", whole.read(whole.size() / 2));
+    QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder.png")));
+    QCOMPARE(mkfifo(qPrintable(path("pipe.png")), 0600), 0);
+    QVERIFY(QFile::copy(path("columns.png"), path("locked.png")));
+    QVERIFY(QFile::setPermissions(path("locked.png"), {}));
+
+    for (const char *file : { "text.png", "empty.jpg", "unknown.xyz", "huge.ppm", "truncated.png",
+                              "folder.png", "pipe.png", "locked.png", "nowhere.png" })
+        QTest::newRow(file) << path(file);
+    QTest::newRow("no name") << QString();
+}
+
+void tst_ThumbnailLoader::badFiles()
+{
+    QFETCH(QString, file);
+    if (file.endsWith(QLatin1String("locked.png")) && QFileInfo(file).isReadable())
+        QSKIP("This user may read every file");
+    for (int i = 0; i < 2; ++i) // what was read and is no picture is in the cache by then
+        QVERIFY(job(QUrl::fromLocalFile(file), QSize(96, 96))().isNull());
+}
+
+void tst_ThumbnailLoader::missingFileIsTriedAgain()
+{
+    const QString file = path("later.png");
+    QVERIFY(job(QUrl::fromLocalFile(file), QSize(96, 96))().isNull());
+    QVERIFY(columns().save(file));
+    QCOMPARE(job(QUrl::fromLocalFile(file), QSize(96, 96))().size(), QSize(80, 40));
+}
+
+void tst_ThumbnailLoader::keyTellsApart()
+{
+    const QUrl source = QUrl::fromLocalFile(path("columns.png"));
+    ThumbnailLoadJob doubled = job(source, QSize(10, 20));
+    doubled.devicePixelRatio = 2;
+    QSet<QByteArray> keys = {
+        job(source, QSize(10, 20)).cacheKey(),
+        job(source, QSize(20, 10)).cacheKey(),
+        job(source, QSize(10, 20), QRect(0, 0, 1, 2)).cacheKey(),
+        job(source, QSize(10, 20), QRect(0, 0, 2, 1)).cacheKey(),
+        job(QUrl::fromLocalFile(path("columns.jpg")), QSize(10, 20)).cacheKey(),
+        doubled.cacheKey(),
+    };
+    QCOMPARE(keys.count(), 6);
+    QCOMPARE(doubled.cacheKey(), job(source, QSize(20, 40)).cacheKey()); // the same pixels
+    QCOMPARE(doubled.cacheKey().size(), 16);
+}
+
+void tst_ThumbnailLoader::cacheKeepsWhatWasUsedLast()
+{
+    const QDir folder(m_folder.path());
+    const QSize third(2048, 1024); // of what the cache holds
+    const ProbeImage a(folder, QStringLiteral("a"), third);
+    const ProbeImage b(folder, QStringLiteral("b"), third);
+    const ProbeImage c(folder, QStringLiteral("c"), third);
+    const ProbeImage d(folder, QStringLiteral("d"), third);
+    const ProbeImage all(folder, QStringLiteral("all"), QSize(2048, 3072));
+    const ProbeImage beyond(folder, QStringLiteral("beyond"), QSize(2048, 3073));
+    const auto reads = [](const ProbeImage &probe) {
+        const int before = probe.readCount();
+        job(probe.url(), QSize(5000, 5000))();
+        return probe.readCount() - before;
+    };
+    for (const ProbeImage *probe : { &a, &b, &c })
+        QCOMPARE(reads(*probe), 1);
+    QCOMPARE(reads(a), 0);
+    QCOMPARE(reads(d), 1); // in the place of b
+    QCOMPARE(reads(c) + reads(a) + reads(d), 0);
+    QCOMPARE(reads(beyond), 1);
+    QCOMPARE(reads(beyond), 1); // too large to keep, and no reason to drop anything
+    QCOMPARE(reads(c) + reads(a) + reads(d), 0);
+    QCOMPARE(reads(all), 1); // in the place of all others
+    QCOMPARE(reads(all), 0);
+    QCOMPARE(reads(a), 1);
+    QCOMPARE(reads(all), 1);
+}
+
+// Nothing is in the cache for free, or many small or broken pictures would fill the memory.
+void tst_ThumbnailLoader::cacheBoundsSmallPictures()
+{
+    const ProbeImage probe(QDir(m_folder.path()), QStringLiteral("dots"), QSize(200, 200));
+    constexpr int kMostEntries = 24576;
+    const auto dot = [&](int i) {
+        job(probe.url(), QSize(9, 9), QRect(i % 200, i / 200, 1, 1))();
+        return probe.readCount();
+    };
+    for (int i = 0; i <= kMostEntries; ++i)
+        dot(i);
+    QCOMPARE(probe.readCount(), kMostEntries + 1);
+    QCOMPARE(dot(1), kMostEntries + 1);
+    QCOMPARE(dot(0), kMostEntries + 2);
+}
+
+void tst_ThumbnailLoader::onceForAllThatAskMeanwhile()
+{
+    const QDir folder(m_folder.path());
+    ProbeImage slow(folder, QStringLiteral("slow"), QSize(64, 64));
+    const ProbeImage fast(folder, QStringLiteral("fast"), QSize(64, 64));
+    slow.hold();
+    QVector<QFuture<QImage>> loads;
+    for (int i = 0; i < 50; ++i)
+        loads.append(ThumbnailLoadJob::start(job(slow.url(), QSize(32, 32))));
+    QTRY_VERIFY(slow.isBeingRead());
+    // Neither the lock nor the pool is taken by those that wait.
+    QCOMPARE(ThumbnailLoadJob::start(job(fast.url(), QSize(32, 32))).result().size(),
+             QSize(32, 32));
+    QVERIFY(!loads.first().isFinished());
+    slow.release();
+    for (const QFuture<QImage> &load : qAsConst(loads))
+        QCOMPARE(load.result().cacheKey(), loads.first().result().cacheKey());
+    QCOMPARE(slow.readCount(), 1);
+    ThumbnailLoadJob::start(job(slow.url(), QSize(32, 32))).waitForFinished();
+    QCOMPARE(slow.readCount(), 1);
+}
+
+TAMBER_TEST_MAIN(tst_ThumbnailLoader)
+#include "tst_thumbnailloader.moc"
