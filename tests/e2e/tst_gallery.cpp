@@ -89,9 +89,9 @@ public:
         const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
         if (m_lastClick.isValid() && !m_lastClick.hasExpired(interval))
             QTest::qWait(interval - int(m_lastClick.elapsed()) + 1);
-        m_lastClick.start();
         input({ QStringLiteral("mousemove"), QString::number(position.x()),
                 QString::number(position.y()), QStringLiteral("click"), QStringLiteral("1") });
+        m_lastClick.start(); // only now: the tool may have been slow
     }
 
     void key(const char *name) { input({ QStringLiteral("key"), QString::fromLatin1(name) }); }
