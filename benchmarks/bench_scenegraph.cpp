@@ -45,22 +45,27 @@ QByteArray tiledImage(const QByteArray &size)
              "verticalAlignment: Image.AlignTop; source: 'qrc:/ui/images/color-transparent.png' }";
 }
 
-// One of twelve glyphs in one of three sizes.
-const char kVariedIcon[] =
-    "import QtQuick 2.15; import tamber.Ui 1.0\nUiIcon {"
-    "property int pick: Math.floor(Math.random() * 12)\n"
-    "iconSize: [UiIcon.Icon_16x16, UiIcon.Icon_24x24, UiIcon.Icon_32x32][pick % 3];"
-    "iconName: ['close', 'edit', 'refresh', 'down', 'filter', 'shared', 'left',"
-    "'add', 'new-content', 'up', 'info', 'error'][pick] }";
-// One of twelve pictures in one of the same three sizes; Qt Quick packs them into one texture.
-const char kVariedImage[] = "import QtQuick 2.15; Image {"
-                            "property int pick: Math.floor(Math.random() * 12)\n"
-                            "width: [16, 24, 32][pick % 3]; height: width;"
-                            "source: 'qrc:/ui/images/' + ['checkmark', 'color-transparent',"
-                            "'dropdown-indicator', 'color-lightness-handle', 'infotip-peak-up',"
-                            "'color-hue-saturation-handle', 'infotip-peak-down', 'tooltip-border',"
-                            "'spinbox-arrow-up', 'spinbox-arrow-down', 'progressbar-overlay',"
-                            "'color-lightness-handle@2x'][pick] + '.png' }";
+// One of twelve glyphs of a size.
+QByteArray icon(const char *size)
+{
+    return QByteArray("import QtQuick 2.15; import tamber.Ui 1.0\nUiIcon { iconSize: ") + size
+           + "; iconName: ['close', 'edit', 'refresh', 'down', 'filter', 'shared', 'left', 'add',"
+             "'link', 'up', 'info', 'view'][Math.floor(Math.random() * 12)] }";
+}
+
+// One of twelve pictures in the same size; Qt Quick packs them into one texture.
+QByteArray picture(const char *size)
+{
+    return QByteArray("import QtQuick 2.15; Image { height: width; width: ") + size
+           + "; source: 'qrc:/ui/images/' + ['checkmark', 'color-transparent',"
+             "'dropdown-indicator', 'color-lightness-handle', 'infotip-peak-up',"
+             "'color-hue-saturation-handle', 'infotip-peak-down', 'tooltip-border',"
+             "'spinbox-arrow-up', 'spinbox-arrow-down', 'progressbar-overlay',"
+             "'color-lightness-handle@2x'][Math.floor(Math.random() * 12)] + '.png' }";
+}
+
+const char kAnySize[] = "[16, 24, 32][Math.floor(Math.random() * 3)]";
+
 const char kIcon[] = "import QtQuick 2.15; import tamber.Ui 1.0\nUiIcon { iconName: 'okay' }";
 const char kImage[] = "import QtQuick 2.15; Image { source: 'qrc:/ui/images/checkmark.png' }";
 
@@ -78,8 +83,10 @@ Rows sceneGraphRows()
     const Frames largeBoard = { checkerBoard(large), 1 };
     const Frames largeImage = { tiledImage(large), 1 };
 
-    const Frames icons = { kVariedIcon, 10000, 34 };
-    const Frames pictures = { kVariedImage, 10000, 34 };
+    const Frames icons = { icon("16"), 10000, 34, { icon("24"), icon("32") } };
+    const Frames pictures = { picture("16"), 10000, 34, { picture("24"), picture("32") } };
+    const Frames mixedIcons = { icon(kAnySize), 10000, 34, {} };
+    const Frames mixedPictures = { picture(kAnySize), 10000, 34, {} };
 
     const auto create = [](const Frames &kind) { return creationTime(kind.qml); };
     const auto heap = [](const Frames &kind) { return creationHeap(kind.qml); };
@@ -117,6 +124,8 @@ Rows sceneGraphRows()
         { "10,000 icons, first frame", "µs", 0.7, appearing(icons), appearing(pictures) },
         { "10,000 icons, next frame", "µs", 0.7, same(icons), same(pictures) },
         { "10,000 icons, resized", "µs", 0.7, resized(icons), resized(pictures) },
+        { "10,000 icons, sizes mixed, first frame", "µs", 0.7, appearing(mixedIcons),
+          appearing(mixedPictures) },
     };
 }
 

@@ -59,11 +59,15 @@ void verifyInside(const QQuickItem *item)
 double timeFrames(Stage &stage, const Frames &frames, Before before, Until until)
 {
     const Stage::Enlarged enlarged(stage, kLargeWindow);
-    const auto component = stage.compile(frames.qml);
+    std::vector<decltype(stage.compile(frames.qml))> components;
+    components.push_back(stage.compile(frames.qml));
+    for (const QByteArray &other : frames.others)
+        components.push_back(stage.compile(other));
     QQuickItem parent(stage.window().contentItem());
     std::vector<std::unique_ptr<QQuickItem>> items;
     for (int i = 0; i < frames.count; ++i) {
-        items.emplace_back(qobject_cast<QQuickItem *>(stage.create(*component, &parent)));
+        const size_t part = size_t(i) * components.size() / size_t(frames.count);
+        items.emplace_back(qobject_cast<QQuickItem *>(stage.create(*components[part], &parent)));
         items.back()->setPosition(QPointF(i % kColumns, i / kColumns) * frames.cell);
         if (until == Until::Shown)
             verifyInside(items.back().get());

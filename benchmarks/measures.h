@@ -2,7 +2,7 @@
 
 #include "comparison.h"
 
-#include <QtCore/QByteArray>
+#include <QtCore/QByteArrayList>
 
 namespace bench {
 
@@ -20,6 +20,7 @@ struct Frames
     QByteArray qml;
     int count = 1000;
     int cell = 29; ///< logical pixels from one to the next
+    QList<QByteArray> others; ///< more kinds of object, each an equal part of \c count
 };
 enum class Before { Nothing, Resize, Appear }; ///< what happens to each object before the frame
 enum class Until { Rendered, Shown };
