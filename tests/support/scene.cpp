@@ -5,30 +5,11 @@
 #include <QtQml/QQmlComponent>
 #include <QtTest/QtTest>
 
-#include <dlfcn.h>
-#include <link.h>
-
 namespace ta::test {
 
 namespace {
 
 bool s_kit = false;
-
-#ifdef __SANITIZE_ADDRESS__
-// Leak reports are written when the graphics driver has been unloaded already; they can name it,
-// and suppressions can apply to it, only if it stays.
-void keepLibrariesLoaded()
-{
-    const auto keep = [](dl_phdr_info *library, size_t, void *) {
-        if (library->dlpi_name[0] != 0)
-            dlopen(library->dlpi_name, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
-        return 0;
-    };
-    dl_iterate_phdr(keep, nullptr);
-}
-#else
-void keepLibrariesLoaded() {}
-#endif
 
 QQuickItem *findItem(QQuickItem *item, const QString &objectName)
 {
@@ -98,7 +79,6 @@ std::unique_ptr<QObject> Scene::create(const QString &qml)
 
 void Scene::destroyWindow()
 {
-    keepLibrariesLoaded();
     m_window.reset();
 }
 
