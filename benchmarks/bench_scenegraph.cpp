@@ -83,7 +83,10 @@ Rows sceneGraphRows()
     const Frames largeBoard = { checkerBoard(large), 1 };
     const Frames largeImage = { tiledImage(large), 1 };
 
-    const Frames icons = { icon("16"), 10000, 34, { icon("24"), icon("32") } };
+    const Frames icons = { icon("UiIcon.Icon_16x16"),
+                           10000,
+                           34,
+                           { icon("UiIcon.Icon_24x24"), icon("UiIcon.Icon_32x32") } };
     const Frames pictures = { picture("16"), 10000, 34, { picture("24"), picture("32") } };
     const Frames mixedIcons = { icon(kAnySize), 10000, 34, {} };
     const Frames mixedPictures = { picture(kAnySize), 10000, 34, {} };

@@ -20,7 +20,7 @@ struct Frames
     QByteArray qml;
     int count = 1000;
     int cell = 29; ///< logical pixels from one to the next
-    QList<QByteArray> others; ///< more kinds of object, each an equal part of \c count
+    QByteArrayList others = {}; ///< more kinds of object, each an equal part of \c count
 };
 enum class Before { Nothing, Resize, Appear }; ///< what happens to each object before the frame
 enum class Until { Rendered, Shown };
