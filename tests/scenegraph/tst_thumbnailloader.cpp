@@ -1,6 +1,7 @@
 #include "support/probeimage.h"
 #include "support/testcase.h"
 
+#include "foundation/rounding.h"
 #include "scenegraph/thumbnailgeometry_p.h"
 #include "scenegraph/thumbnailloader_p.h"
 
@@ -95,7 +96,7 @@ void tst_ThumbnailLoader::target_data()
     QTest::newRow("both negative") << -5 << -5 << 1.0 << QSize(0, 0);
     QTest::newRow("no ratio") << 10 << 10 << std::nan("") << QSize(0, 0);
     const int most = std::numeric_limits<int>::max();
-    QTest::newRow("huge") << most << most << 4.0 << QSize(most / 8, most / 8);
+    QTest::newRow("huge") << most << most << 4.0 << QSize(truncated(1e300), truncated(1e300));
 }
 
 void tst_ThumbnailLoader::target()
@@ -309,17 +310,23 @@ void tst_ThumbnailLoader::cacheKeepsWhatWasUsedLast()
 // Nothing is in the cache for free, or many small or broken pictures would fill the memory.
 void tst_ThumbnailLoader::cacheBoundsSmallPictures()
 {
-    const ProbeImage probe(QDir(m_folder.path()), QStringLiteral("dots"), QSize(200, 200));
-    constexpr int kMostEntries = 24576;
-    const auto dot = [&](int i) {
-        job(probe.url(), QSize(9, 9), QRect(i % 200, i / 200, 1, 1))();
-        return probe.readCount();
+    const QDir folder(m_folder.path());
+    const ProbeImage large(folder, QStringLiteral("large"), QSize(2048, 3071)); // leaves room for 8
+    const ProbeImage dots(folder, QStringLiteral("dots"), QSize(9, 1));
+    const auto loadLarge = [&] {
+        job(large.url(), QSize(5000, 5000))();
+        return large.readCount();
     };
-    for (int i = 0; i <= kMostEntries; ++i)
-        dot(i);
-    QCOMPARE(probe.readCount(), kMostEntries + 1);
-    QCOMPARE(dot(1), kMostEntries + 1);
-    QCOMPARE(dot(0), kMostEntries + 2);
+    const auto loadDots = [&](int count) {
+        for (int i = 0; i < count; ++i)
+            job(dots.url(), QSize(9, 9), QRect(i, 0, 1, 1))();
+        return dots.readCount();
+    };
+    QCOMPARE(loadLarge(), 1);
+    QCOMPARE(loadDots(8), 8);
+    QCOMPARE(loadDots(8), 8);
+    QCOMPARE(loadDots(9), 9); // the last one takes the place of what was used first
+    QCOMPARE(loadLarge(), 2);
 }
 
 void tst_ThumbnailLoader::onceForAllThatAskMeanwhile()
