@@ -47,14 +47,6 @@ const char kButton[] =
 const QPoint kInside(120, 110);
 const QPoint kOutside(300, 300);
 
-QStringList names(std::initializer_list<const char *> list)
-{
-    QStringList names;
-    for (const char *name : list)
-        names.append(QLatin1String(name));
-    return names;
-}
-
 } // namespace
 
 // A button is one object, and connects nothing before it is hovered or pressed.

@@ -47,14 +47,6 @@ const double kNaN = qQNaN();
 const char kSlider[] =
     "UiSliderBase { objectName: 'slider'; x: 100; y: 100; width: 200; height: 20 }";
 
-QStringList names(std::initializer_list<const char *> list)
-{
-    QStringList names;
-    for (const char *name : list)
-        names.append(QLatin1String(name));
-    return names;
-}
-
 // A position in the slider, in the window.
 QPoint at(int x)
 {

@@ -61,14 +61,6 @@ const QString kFocusPopup = QStringLiteral(
     "Item { objectName: 'second'; activeFocusOnTab: true }\n"
     "Item { objectName: 'third'; activeFocusOnTab: true } }");
 
-QStringList names(std::initializer_list<const char *> list)
-{
-    QStringList names;
-    for (const char *name : list)
-        names.append(QLatin1String(name));
-    return names;
-}
-
 } // namespace
 
 void tst_PopupAnchor::cleanup()

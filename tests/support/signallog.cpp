@@ -44,4 +44,12 @@ int SignalLog::qt_metacall(QMetaObject::Call call, int id, void **arguments)
     return -1;
 }
 
+QStringList names(std::initializer_list<const char *> list)
+{
+    QStringList names;
+    for (const char *name : list)
+        names.append(QLatin1String(name));
+    return names;
+}
+
 } // namespace ta::test

@@ -3,6 +3,8 @@
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
 
+#include <initializer_list>
+
 namespace ta::test {
 
 /*!
@@ -33,5 +35,8 @@ private:
     QStringList m_watched;
     QStringList m_entries;
 };
+
+/// The names of signals as a list that a log's entries compare with.
+QStringList names(std::initializer_list<const char *> list);
 
 } // namespace ta::test
