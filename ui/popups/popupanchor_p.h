@@ -28,8 +28,6 @@ public:
     void leaveStack();
     void setPopupEnabled(bool enabled);
 
-    bool popupContains(const QPoint &windowPosition) const;
-    QPoint windowPosition(const QPointF &screenPosition) const;
     bool press(const QPointF &screenPosition);
     bool wheel(const QPointF &screenPosition) const;
     bool key(int key);

@@ -1,6 +1,6 @@
 #include "popupanchor_p.h"
 
-#include "foundation/rounding.h"
+#include "foundation/positions.h"
 
 #include <QtQuick/QQuickWindow>
 
@@ -45,32 +45,23 @@ bool PopupAnchor::eventFilter(QObject *watched, QEvent *event)
     return handled || !receiver;
 }
 
-QPoint PopupAnchorPrivate::windowPosition(const QPointF &screenPosition) const
-{
-    return q->window()->mapFromGlobal(rounded(screenPosition));
-}
-
-bool PopupAnchorPrivate::popupContains(const QPoint &windowPosition) const
-{
-    return popupItem && popupItem->contains(popupItem->mapFromScene(windowPosition));
-}
-
 bool PopupAnchorPrivate::press(const QPointF &screenPosition)
 {
     if (persistent || !q->window())
         return false;
-    const QPoint position = windowPosition(screenPosition);
-    if (popupContains(position))
+    const QPoint position = windowPosition(q->window(), screenPosition);
+    if (containsScenePosition(popupItem, position))
         return false;
 
     const QPointer<QQuickItem> trigger = triggerItem; // hiding may destroy the anchor
     q->hide();
-    return trigger && trigger->contains(trigger->mapFromScene(position));
+    return containsScenePosition(trigger, position);
 }
 
 bool PopupAnchorPrivate::wheel(const QPointF &screenPosition) const
 {
-    return q->window() && !popupContains(windowPosition(screenPosition));
+    return q->window()
+           && !containsScenePosition(popupItem, windowPosition(q->window(), screenPosition));
 }
 
 bool PopupAnchorPrivate::key(int key)
