@@ -4,6 +4,8 @@
 #include <TamberUi/CheckerBoard>
 #include <TamberUi/Colors>
 #include <TamberUi/DefaultSlider>
+#include <TamberUi/Dialog>
+#include <TamberUi/DialogButton>
 #include <TamberUi/Fonts>
 #include <TamberUi/Icon>
 #include <TamberUi/Logging>
@@ -54,6 +56,8 @@ void registerPublic(const char *uri)
     qmlRegisterType<Border>(uri, major, minor, "UiBorder");
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterType<Dialog>(uri, major, minor, "UiDialog");
+    qmlRegisterType<DialogButton>(uri, major, minor, "UiDialogButton");
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
 

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "dialog.h"
+
+#include "../foundation/objectlist.h"
+#include "../foundation/sharedcomponent.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QVector>
+#include <QtQuick/QQuickWindow>
+
+namespace ta::ui {
+
+class DialogPrivate
+{
+public:
+    explicit DialogPrivate(Dialog *q) : q(q) {}
+
+    QQuickWindow *window() const { return hostParent ? hostParent->window() : nullptr; }
+
+    void open();
+    QQuickItem *createHost();
+    void watch();
+    void watchButton(const DialogButton *button);
+    void updateDialogSize();
+    void resized(void (Dialog::*changed)());
+
+    void discard();
+    void discardImmediate();
+    void close(const QQuickItem *closing);
+    void rejectLost();
+    void joinStack();
+    void leaveStack();
+    void bequeathFocus(const QQuickItem *closing);
+    void restoreFocus();
+
+    bool press(QObject *watched, const QPointF &screenPosition);
+    bool key(QObject *watched, int key);
+    bool tab(const char *signal);
+    bool isOwnWindow(const QObject *watched) const { return watched && watched == window(); }
+    bool isBlind(const QObject *watched) const;
+    bool isOutside(const QObject *watched) const;
+
+    Dialog *const q;
+    QPointer<QQuickItem> hostParent; // content item of the window; found when first shown
+    QPointer<QQuickItem> content;
+    ComponentReference hostComponent;
+    QPointer<QQuickItem> host; // set exactly while the dialog is shown
+    QPointer<QQuickItem> contentScope; // the visible box in the host
+    QString label;
+    QString instructionText;
+    QVariant result;
+    int width = 0;
+    int height = 0;
+    bool autoSize = false;
+    Dialog::Flags flags = Dialog::RejectOnEscape | Dialog::RejectOnCloseEvent;
+    bool busy = false;
+    QPoint autoSizeMargins;
+    QPointer<QQmlComponent> headerDelegate;
+    QPointer<QQmlComponent> contentDelegate;
+    QPointer<QQmlComponent> footerDelegate;
+    QPointer<QQmlComponent> footerControls;
+    QVariantMap headerOptions;
+    QVariantMap contentOptions;
+    QVariantMap footerOptions;
+    ComponentReference headerComponent;
+    ComponentReference footerComponent;
+    ObjectList<DialogButton> buttons;
+    QPointer<DialogButton> defaultButton;
+    QPointer<QQuickItem> previousFocusItem;
+
+    int locks = 0; // while there are any show() does nothing
+    bool onStack = false;
+    QVector<QMetaObject::Connection> connections; // while shown
+
+    static SharedComponent m_sharedHostComponent;
+    static SharedComponent m_sharedHeaderComponent;
+    static SharedComponent m_sharedFooterComponent;
+    // The dialogs that are shown, in no order that counts. GUI thread only.
+    static QVector<DialogPrivate *> s_shown;
+};
+
+} // namespace ta::ui
