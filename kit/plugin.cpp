@@ -9,6 +9,8 @@
 #include <TamberUi/Logging>
 #include <TamberUi/Module>
 #include <TamberUi/Thumbnail>
+#include <TamberUi/Tooltip>
+#include <TamberUi/TooltipAgent>
 #include <TamberUi/Ui>
 
 #include <QtGui/QFont>
@@ -56,6 +58,8 @@ void registerPublic(const char *uri)
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
+    qmlRegisterType<Tooltip>(uri, major, minor, "UiTooltip");
+    qmlRegisterType<TooltipAgent>(uri, major, minor, "UiTooltipAgent");
 
     for (const char *control : {
              "UiCheckBox",
