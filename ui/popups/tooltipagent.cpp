@@ -3,17 +3,20 @@
 #include "foundation/assign.h"
 #include "foundation/createobject.h"
 #include "foundation/logging.h"
-#include "foundation/positions.h"
+#include "foundation/rounding.h"
+#include "scenepoint_p.h"
 #include "stacking_p.h"
 #include "tooltip.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QElapsedTimer>
-#include <QtCore/QSet>
+#include <QtCore/QHash>
 #include <QtCore/QTimer>
 #include <QtGui/QMouseEvent>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
+
+#include <vector>
 
 namespace ta::ui {
 
@@ -35,20 +38,27 @@ void logErrors(const QQmlComponent *component)
 class TooltipAgentPrivate
 {
 public:
+    struct Entry
+    {
+        Tooltip *tooltip;
+        QObject *parent = nullptr; // of the tooltip, when it was looked at last
+        QQuickItem *item = nullptr; // the same, where it is one
+    };
+
     explicit TooltipAgentPrivate(TooltipAgent *q) : q(q) {}
 
     void setVisible(bool visible);
     void releaseItem();
     void provideItem();
-    QQuickItem *target(const Tooltip *tooltip) const;
-    Tooltip *tooltipUnderPointer() const;
+    bool isTarget(const QQuickItem *item) const;
+    QVector<QQuickItem *> itemsUnderPointer();
+    Tooltip *tooltipUnderPointer();
     void show(const QString &text);
 
     TooltipAgent *const q;
     QTimer *showTimer = nullptr;
-    // As they were added. Plain objects, because one that is being destroyed is no tooltip any
-    // more.
-    QSet<QObject *> tooltips;
+    std::vector<Entry> tooltips; // in any order
+    QHash<QObject *, int> indexes; // where they are in there
     int removals = 0; // so many times something was taken away
     QPointF lastMousePos; // in the window, whole pixels
     bool tooltipVisible = false;
@@ -198,9 +208,10 @@ void TooltipAgentPrivate::provideItem()
 
 void TooltipAgent::addTooltip(Tooltip *tooltip)
 {
-    if (!tooltip || d->tooltips.contains(tooltip))
+    if (!tooltip || d->indexes.contains(tooltip))
         return;
-    d->tooltips.insert(tooltip);
+    d->indexes.insert(tooltip, int(d->tooltips.size()));
+    d->tooltips.push_back({ tooltip });
     connect(tooltip, &QObject::destroyed, this, &TooltipAgent::tooltipDestroyed);
 }
 
@@ -208,8 +219,17 @@ void TooltipAgent::removeTooltip(QObject *tooltip)
 {
     if (!tooltip)
         return;
-    if (d->tooltips.remove(tooltip))
+    const auto found = d->indexes.find(tooltip);
+    if (found != d->indexes.end()) {
+        const int index = *found;
+        d->indexes.erase(found);
+        if (index + 1 < int(d->tooltips.size())) {
+            d->tooltips[index] = d->tooltips.back();
+            d->indexes[d->tooltips[index].tooltip] = index;
+        }
+        d->tooltips.pop_back();
         ++d->removals;
+    }
     tooltip->disconnect(this);
 }
 
@@ -218,44 +238,51 @@ void TooltipAgent::tooltipDestroyed(QObject *tooltip)
     removeTooltip(tooltip);
 }
 
-// The item that \a tooltip may be shown for, if it lies under the pointer.
-QQuickItem *TooltipAgentPrivate::target(const Tooltip *tooltip) const
+// Whether \a item, which lies under the pointer, has it in this window and shows tooltips.
+bool TooltipAgentPrivate::isTarget(const QQuickItem *item) const
 {
-    auto *item = qobject_cast<QQuickItem *>(tooltip->parent());
-    return item && item->isVisible() && item->isEnabled() && item->window() == q->window()
-                   && !tooltip->text().isEmpty()
-               ? item
-               : nullptr;
+    return item->isVisible() && item->isEnabled() && item->window() == q->window();
 }
 
-Tooltip *TooltipAgentPrivate::tooltipUnderPointer() const
+// Goes through all tooltips and so has to be quick with those that lie elsewhere: the order of what
+// is asked for, and how, is a matter of cache lines.
+QVector<QQuickItem *> TooltipAgentPrivate::itemsUnderPointer()
 {
     const QPointer<TooltipAgent> guard(q);
-    const QSet<QObject *> all = tooltips;
     const int removalsBefore = removals;
-    QVector<const Tooltip *> found;
-    for (QObject *object : all) {
-        const auto *tooltip = static_cast<Tooltip *>(object);
-        const QQuickItem *item = target(tooltip);
-        const bool contains = containsScenePosition(item, lastMousePos);
+    ScenePoint point(lastMousePos);
+    QVector<QQuickItem *> items;
+    for (size_t i = 0; i < tooltips.size(); ++i) {
+        Entry &entry = tooltips[i];
+        QObject *parent = entry.tooltip->parent();
+        if (entry.parent != parent) {
+            entry.parent = parent;
+            entry.item = qobject_cast<QQuickItem *>(parent);
+        }
+        QQuickItem *item = entry.item;
+        if (!item)
+            continue;
+        const bool contains = item->contains(point.in(item));
         // What an item contains may be up to a host's code. Where that destroys what is being
         // looked at, nothing is shown this time.
         if (!guard || removals != removalsBefore)
-            return nullptr;
-        if (contains)
-            found.append(tooltip);
-    }
-
-    QVector<QQuickItem *> items;
-    for (const Tooltip *tooltip : qAsConst(found)) {
-        if (QQuickItem *item = target(tooltip))
+            return {};
+        if (contains && isTarget(item) && !tooltips[i].tooltip->text().isEmpty())
             items.append(item);
     }
-    const QObjectList siblings = items.isEmpty() ? QObjectList() : topmost(items)->children();
+    return items;
+}
+
+Tooltip *TooltipAgentPrivate::tooltipUnderPointer()
+{
+    const QVector<QQuickItem *> items = itemsUnderPointer();
+    if (items.isEmpty())
+        return nullptr;
+    const QObjectList siblings = topmost(items)->children();
     for (auto it = siblings.rbegin(); it != siblings.rend(); ++it) {
-        auto *tooltip = tooltips.contains(*it) ? static_cast<Tooltip *>(*it) : nullptr;
-        if (tooltip && !tooltip->text().isEmpty())
-            return tooltip;
+        const int index = indexes.value(*it, -1);
+        if (index >= 0 && !tooltips[index].tooltip->text().isEmpty())
+            return tooltips[index].tooltip;
     }
     return nullptr;
 }
