@@ -4,14 +4,20 @@
 #include <TamberUi/CheckerBoard>
 #include <TamberUi/Colors>
 #include <TamberUi/DefaultSlider>
+#include <TamberUi/DropHandler>
+#include <TamberUi/DropZone>
+#include <TamberUi/FileDropHandler>
 #include <TamberUi/Fonts>
 #include <TamberUi/Icon>
+#include <TamberUi/ImageDropHandler>
 #include <TamberUi/JsonMimeData>
 #include <TamberUi/Logging>
 #include <TamberUi/MimeData>
+#include <TamberUi/MimeDropHandler>
 #include <TamberUi/Module>
 #include <TamberUi/Thumbnail>
 #include <TamberUi/Ui>
+#include <TamberUi/VideoDropHandler>
 
 #include <QtGui/QFont>
 #include <QtGui/QFontDatabase>
@@ -47,6 +53,7 @@ void registerPublic(const char *uri)
 {
     constexpr int major = 1;
     constexpr int minor = 0;
+    const QString baseOnly = QStringLiteral("It is only what its kinds have in common");
 
     qmlRegisterRevision<QQuickItem, 11>(uri, major, minor);
     qmlRegisterSingletonType<Colors>(uri, major, minor, "UiColors", createNames<Colors>);
@@ -56,11 +63,16 @@ void registerPublic(const char *uri)
     qmlRegisterType<Border>(uri, major, minor, "UiBorder");
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterUncreatableType<DropHandler>(uri, major, minor, "UiDropHandler", baseOnly);
+    qmlRegisterType<DropZone>(uri, major, minor, "UiDropZone");
+    qmlRegisterType<FileDropHandler>(uri, major, minor, "UiFileDropHandler");
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
+    qmlRegisterType<ImageDropHandler>(uri, major, minor, "UiImageDropHandler");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
-    qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData",
-                                         QStringLiteral("UiMimeData is what its kinds share"));
+    qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData", baseOnly);
+    qmlRegisterType<MimeDropHandler>(uri, major, minor, "UiMimeDropHandler");
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
+    qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
              "UiCheckBox",
