@@ -78,7 +78,7 @@ void tst_DropHandlers::suffixes_data()
     QTest::addColumn<QString>("expected");
     const auto row = [](const char *suffixes, const char *urls, const char *expected) {
         QTest::addRow("%s of %s", suffixes, urls)
-            << QString::fromLatin1(suffixes) << QString::fromUtf8(urls)
+            << QString::fromUtf8(suffixes) << QString::fromUtf8(urls)
             << QString::fromUtf8(expected);
     };
     row("PDF", "file:///a/Report.Pdf", "Report.Pdf");
