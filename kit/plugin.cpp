@@ -2,12 +2,14 @@
 
 #include <TamberUi/Border>
 #include <TamberUi/CheckerBoard>
+#include <TamberUi/ColorSwatch>
 #include <TamberUi/Colors>
 #include <TamberUi/DefaultSlider>
 #include <TamberUi/DropHandler>
 #include <TamberUi/DropZone>
 #include <TamberUi/FileDropHandler>
 #include <TamberUi/Fonts>
+#include <TamberUi/GlobalDefaultPalette>
 #include <TamberUi/Icon>
 #include <TamberUi/ImageDropHandler>
 #include <TamberUi/JsonMimeData>
@@ -15,6 +17,7 @@
 #include <TamberUi/MimeData>
 #include <TamberUi/MimeDropHandler>
 #include <TamberUi/Module>
+#include <TamberUi/Palette>
 #include <TamberUi/Thumbnail>
 #include <TamberUi/Ui>
 #include <TamberUi/VideoDropHandler>
@@ -62,15 +65,20 @@ void registerPublic(const char *uri)
                                    QStringLiteral("Ui only has enumerations"));
     qmlRegisterType<Border>(uri, major, minor, "UiBorder");
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
+    qmlRegisterUncreatableType<ColorSwatch>(uri, major, minor, "UiColorSwatch",
+                                            QStringLiteral("Swatches belong to a palette"));
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
     qmlRegisterUncreatableType<DropHandler>(uri, major, minor, "UiDropHandler", baseOnly);
     qmlRegisterType<DropZone>(uri, major, minor, "UiDropZone");
     qmlRegisterType<FileDropHandler>(uri, major, minor, "UiFileDropHandler");
+    qmlRegisterType<GlobalDefaultPalette>(uri, major, minor, "UiGlobalDefaultPalette");
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<ImageDropHandler>(uri, major, minor, "UiImageDropHandler");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
     qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData", baseOnly);
     qmlRegisterType<MimeDropHandler>(uri, major, minor, "UiMimeDropHandler");
+    qmlRegisterUncreatableType<Palette>(uri, major, minor, "UiPalette",
+                                        QStringLiteral("Palettes come from their providers"));
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
