@@ -56,6 +56,8 @@ void tst_Module::privateModule()
         { "UiToolButtonBase", "ta::ui::ToolButtonBase" },
         { "UiPushButtonBase", "ta::ui::PushButtonBase" },
         { "UiSliderBase", "ta::ui::SliderBase" },
+        { "UiColorPickerBase", "ta::ui::ColorPickerBase" },
+        { "UiPaletteItem", "ta::ui::PaletteItem" },
     };
     for (const auto &type : types) {
         const auto object = create("1.0", type.name);

@@ -5,6 +5,8 @@
 #include "controls/pushbuttonbase.h"
 #include "controls/sliderbase.h"
 #include "controls/toolbuttonbase.h"
+#include "palettes/colorpickerbase.h"
+#include "palettes/paletteitem.h"
 #include "popups/popupanchor.h"
 
 #include <QtQml/qqml.h>
@@ -26,6 +28,12 @@ void register_private()
     qmlRegisterType<ToolButtonBase>(uri, major, minor, "UiToolButtonBase");
     qmlRegisterType<PushButtonBase>(uri, major, minor, "UiPushButtonBase");
     qmlRegisterType<SliderBase>(uri, major, minor, "UiSliderBase");
+    qmlRegisterType<ColorPickerBase>(uri, major, minor, "UiColorPickerBase");
+    qmlRegisterType<PaletteItem>(uri, major, minor, "UiPaletteItem");
+
+    // Without a name of its own: QML reads the lists of palettes even where the host has registered
+    // no public types.
+    qmlRegisterAnonymousType<Palette>(uri, major);
 }
 
 } // namespace ta::ui

@@ -181,7 +181,7 @@ void TooltipAgentPrivate::provideItem()
         if (attached)
             attached->setAgent(q);
     };
-    std::unique_ptr<QObject> object(createObject(delegate, attach, qmlContext(q)));
+    std::unique_ptr<QObject> object(createObject(delegate, attach, creationContext(delegate, q)));
     if (!guard || delegate != tooltipDelegate)
         return;
     auto *item = qobject_cast<QQuickItem *>(object.get());
