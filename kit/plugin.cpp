@@ -6,7 +6,9 @@
 #include <TamberUi/DefaultSlider>
 #include <TamberUi/Fonts>
 #include <TamberUi/Icon>
+#include <TamberUi/JsonMimeData>
 #include <TamberUi/Logging>
+#include <TamberUi/MimeData>
 #include <TamberUi/Module>
 #include <TamberUi/Thumbnail>
 #include <TamberUi/Ui>
@@ -55,6 +57,9 @@ void registerPublic(const char *uri)
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
+    qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
+    qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData",
+                                         QStringLiteral("UiMimeData is what its kinds share"));
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
 
     for (const char *control : {
