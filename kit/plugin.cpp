@@ -2,14 +2,17 @@
 
 #include <TamberUi/Border>
 #include <TamberUi/CheckerBoard>
+#include <TamberUi/ColorSwatch>
 #include <TamberUi/Colors>
 #include <TamberUi/DefaultSlider>
 #include <TamberUi/Fonts>
+#include <TamberUi/GlobalDefaultPalette>
 #include <TamberUi/Icon>
 #include <TamberUi/JsonMimeData>
 #include <TamberUi/Logging>
 #include <TamberUi/MimeData>
 #include <TamberUi/Module>
+#include <TamberUi/Palette>
 #include <TamberUi/Thumbnail>
 #include <TamberUi/Ui>
 
@@ -55,11 +58,16 @@ void registerPublic(const char *uri)
                                    QStringLiteral("Ui only has enumerations"));
     qmlRegisterType<Border>(uri, major, minor, "UiBorder");
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
+    qmlRegisterUncreatableType<ColorSwatch>(uri, major, minor, "UiColorSwatch",
+                                            QStringLiteral("Swatches belong to a palette"));
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterType<GlobalDefaultPalette>(uri, major, minor, "UiGlobalDefaultPalette");
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
     qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData",
                                          QStringLiteral("UiMimeData is what its kinds share"));
+    qmlRegisterUncreatableType<Palette>(uri, major, minor, "UiPalette",
+                                        QStringLiteral("Palettes come from their providers"));
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
 
     for (const char *control : {

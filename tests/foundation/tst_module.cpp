@@ -58,6 +58,8 @@ void tst_Module::privateModule()
         { "UiToolButtonBase", "ta::ui::ToolButtonBase" },
         { "UiPushButtonBase", "ta::ui::PushButtonBase" },
         { "UiSliderBase", "ta::ui::SliderBase" },
+        { "UiColorPickerBase", "ta::ui::ColorPickerBase" },
+        { "UiPaletteItem", "ta::ui::PaletteItem" },
         { "UiLineEditBase", "ta::ui::LineEditBase" },
         { "UiSpinBoxExPrivate", "ta::ui::SpinBoxExPrivate", false },
     };

@@ -8,6 +8,8 @@
 #include "controls/sliderbase.h"
 #include "controls/spinboxexprivate.h"
 #include "controls/toolbuttonbase.h"
+#include "palettes/colorpickerbase.h"
+#include "palettes/paletteitem.h"
 #include "popups/popupanchor.h"
 
 #include <QtQml/qqml.h>
@@ -30,8 +32,14 @@ void register_private()
     qmlRegisterType<ToolButtonBase>(uri, major, minor, "UiToolButtonBase");
     qmlRegisterType<PushButtonBase>(uri, major, minor, "UiPushButtonBase");
     qmlRegisterType<SliderBase>(uri, major, minor, "UiSliderBase");
+    qmlRegisterType<ColorPickerBase>(uri, major, minor, "UiColorPickerBase");
+    qmlRegisterType<PaletteItem>(uri, major, minor, "UiPaletteItem");
     qmlRegisterType<LineEditBase>(uri, major, minor, "UiLineEditBase");
     qmlRegisterType<SpinBoxExPrivate>(uri, major, minor, "UiSpinBoxExPrivate");
+
+    // Without a name of its own: QML reads the lists of palettes even where the host has registered
+    // no public types.
+    qmlRegisterAnonymousType<Palette>(uri, major);
 }
 
 } // namespace ta::ui
