@@ -1,6 +1,7 @@
 // variants: threaded scale2 x11
 #include "controls/slidergeometry_p.h"
 #include "support/input.h"
+#include "support/paintprobe.h"
 #include "support/scene.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
@@ -18,15 +19,7 @@ using namespace ta::test;
 
 namespace {
 
-// A slider whose nodes are made and looked at without a window.
-class BareSlider : public DefaultSlider
-{
-public:
-    QSGGeometryNode *sync(QSGNode *old = nullptr)
-    {
-        return static_cast<QSGGeometryNode *>(updatePaintNode(old, nullptr));
-    }
-};
+using BareSlider = PaintProbe<DefaultSlider>;
 
 struct Nodes
 {
@@ -223,7 +216,7 @@ void tst_DefaultSlider::extremes()
     slider.setHandleOpacity(number);
     slider.setValueBarOrigin(float(number));
     slider.setValueBarVisible(true);
-    const std::unique_ptr<QSGGeometryNode> root(slider.sync());
+    const std::unique_ptr<QSGGeometryNode> root(slider.paint());
     QVERIFY(Nodes(root.get()).opacity->opacity() >= 0);
     QVERIFY(!qIsNaN(slider.handleOpacity()) && !qIsNaN(slider.valueBarOrigin()));
 }
@@ -299,7 +292,7 @@ void tst_DefaultSlider::nodes()
 {
     BareSlider slider;
     slider.setSize(QSizeF(100, 20));
-    const std::unique_ptr<QSGGeometryNode> root(slider.sync());
+    const std::unique_ptr<QSGGeometryNode> root(slider.paint());
     const Nodes nodes(root.get());
     QCOMPARE(root->childCount(), 2);
     QCOMPARE(nodes.opacity->childCount(), 1);
@@ -317,7 +310,7 @@ void tst_DefaultSlider::nodes()
     slider.setValueBarVisible(true);
     slider.setValueBarOrigin(0.5f);
     slider.setValue(0.75);
-    QCOMPARE(slider.sync(root.get()), root.get());
+    QCOMPARE(slider.paint(root.get()), root.get());
     QVERIFY(!nodes.valueBar->isSubtreeBlocked());
     QCOMPARE(edges(vertices(nodes.valueBar)), QVector<double>({ 72.75, 8, 49.5, 12 }));
     QCOMPARE(color(vertices(nodes.track)[3]), QColor(Qt::red));
@@ -326,7 +319,7 @@ void tst_DefaultSlider::nodes()
     // Nothing of an item tells how another one's nodes look.
     BareSlider other;
     other.setSize(QSizeF(100, 20));
-    const std::unique_ptr<QSGGeometryNode> otherRoot(other.sync());
+    const std::unique_ptr<QSGGeometryNode> otherRoot(other.paint());
     QCOMPARE(otherRoot->material()->type(), root->material()->type());
     QCOMPARE(otherRoot->material()->compare(root->material()), 0);
 }
@@ -366,7 +359,7 @@ void tst_DefaultSlider::whatIsRewritten()
     BareSlider slider;
     slider.setSize(QSizeF(100, 20));
     slider.setValueBarVisible(true);
-    const std::unique_ptr<QSGGeometryNode> root(slider.sync());
+    const std::unique_ptr<QSGGeometryNode> root(slider.paint());
     const Nodes nodes(root.get());
     const float spoilt = -12345;
     for (const QSGGeometryNode *node : { nodes.track, nodes.valueBar, nodes.handle })
@@ -374,14 +367,14 @@ void tst_DefaultSlider::whatIsRewritten()
     nodes.opacity->setOpacity(0.125);
 
     QVERIFY(slider.setProperty(property.constData(), value));
-    QCOMPARE(slider.sync(root.get()), root.get());
+    QCOMPARE(slider.paint(root.get()), root.get());
     QCOMPARE(vertices(nodes.track)->x != spoilt, rewritten.contains('t'));
     QCOMPARE(vertices(nodes.valueBar)->x != spoilt, rewritten.contains('b'));
     QCOMPARE(vertices(nodes.handle)->x != spoilt, rewritten.contains('h'));
     QCOMPARE(nodes.opacity->opacity() != 0.125, rewritten.contains('o'));
 
     // A node from nowhere gets everything, although nothing has changed.
-    const std::unique_ptr<QSGGeometryNode> fresh(slider.sync());
+    const std::unique_ptr<QSGGeometryNode> fresh(slider.paint());
     QCOMPARE(edges(vertices(Nodes(fresh.get()).track)).count(), 4);
     QCOMPARE(vertices(Nodes(fresh.get()).handle)->dx, -1.0f);
     QVERIFY(!Nodes(fresh.get()).valueBar->isSubtreeBlocked());
@@ -391,10 +384,10 @@ void tst_DefaultSlider::antialiasingSwitches()
 {
     BareSlider slider;
     slider.setSize(QSizeF(100, 20));
-    std::unique_ptr<QSGGeometryNode> root(slider.sync());
+    std::unique_ptr<QSGGeometryNode> root(slider.paint());
     const QSGMaterialType *simple = root->material()->type();
     QVERIFY(!root->material()->flags().testFlag(QSGMaterial::Blending));
-    const auto syncAgain = [&] { root.reset(slider.sync(root.release())); };
+    const auto syncAgain = [&] { root.reset(slider.paint(root.release())); };
 
     slider.setAntialiasing(true);
     syncAgain();

@@ -1,5 +1,6 @@
 // variants: threaded scale2 x11
 #include "pixels.h"
+#include "support/paintprobe.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
 
@@ -17,25 +18,7 @@ using namespace ta::test;
 
 namespace {
 
-// A border whose node can be asked for without a window.
-class Probe : public Border
-{
-public:
-    using Border::Border;
-
-    QSGGeometryNode *paint(QSGNode *oldNode)
-    {
-        return static_cast<QSGGeometryNode *>(updatePaintNode(oldNode, nullptr));
-    }
-    int paints = 0;
-
-protected:
-    QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override
-    {
-        ++paints;
-        return Border::updatePaintNode(oldNode, data);
-    }
-};
+using Probe = PaintProbe<Border>;
 
 struct Look
 {

@@ -1,5 +1,6 @@
 // variants: threaded scale2 x11
 #include "pixels.h"
+#include "support/paintprobe.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
 
@@ -16,25 +17,7 @@ using namespace ta::test;
 
 namespace {
 
-// A board whose node can be asked for without a window.
-class Probe : public CheckerBoard
-{
-public:
-    using CheckerBoard::CheckerBoard;
-
-    QSGGeometryNode *paint(QSGNode *oldNode)
-    {
-        return static_cast<QSGGeometryNode *>(updatePaintNode(oldNode, nullptr));
-    }
-    int paints = 0;
-
-protected:
-    QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override
-    {
-        ++paints;
-        return CheckerBoard::updatePaintNode(oldNode, data);
-    }
-};
+using Probe = PaintProbe<CheckerBoard>;
 
 CheckerBoard *makeBoard(QQuickItem *parent, const QRectF &area, int tileSize = 12)
 {

@@ -132,7 +132,7 @@ Rectangle {
             when: !dialog.autoSize
         }
 
-        Item {
+        UiTooltipAgent {
             id: dialogContent
 
             property Item headerItem: null

@@ -2,6 +2,8 @@
 
 #include "iconatlas_p.h"
 
+#include <QtCore/QVarLengthArray>
+
 namespace ta::ui {
 
 QHash<QByteArray, QWeakPointer<IconGeometry>> IconGeometry::m_existing;
@@ -35,15 +37,24 @@ IconGeometry::IconGeometry(int size, double devicePixelRatio, const QByteArray &
 QSharedPointer<IconGeometry> IconGeometry::get(int size, double devicePixelRatio,
                                                const QString &name)
 {
-    const QByteArray latinName = name.toLatin1();
-    const QByteArray key = latinName + '#' + QByteArray::number(size)
-                           + (devicePixelRatio > 1.1 ? "@2x" : "");
+    // Looking up allocates nothing: with many icons, that would be most of what it costs.
+    QVarLengthArray<char, 64> key;
+    for (const QChar character : name)
+        key.append(character.unicode() > 0xff ? '?' : char(character.unicode()));
+    const int nameLength = key.size();
+    char suffix[24];
+    key.append(suffix, qsnprintf(suffix, sizeof suffix, "#%d%s", size,
+                                 devicePixelRatio > 1.1 ? "@2x" : ""));
+
     const QMutexLocker locker(&s_lock);
-    QWeakPointer<IconGeometry> &existing = m_existing[key];
-    QSharedPointer<IconGeometry> geometry = existing.toStrongRef();
+    const auto existing = m_existing.constFind(QByteArray::fromRawData(key.data(), key.size()));
+    QSharedPointer<IconGeometry> geometry;
+    if (existing != m_existing.constEnd())
+        geometry = existing->toStrongRef();
     if (!geometry) {
-        geometry = QSharedPointer<IconGeometry>::create(size, devicePixelRatio, latinName);
-        existing = geometry;
+        geometry = QSharedPointer<IconGeometry>::create(size, devicePixelRatio,
+                                                        QByteArray(key.data(), nameLength));
+        m_existing.insert(QByteArray(key.data(), key.size()), geometry);
     }
     return geometry;
 }

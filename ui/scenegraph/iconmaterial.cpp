@@ -28,11 +28,6 @@ QSGMaterialShader *IconShader::createShader()
     return new IconShader;
 }
 
-QSGSimpleMaterialComparableMaterial<IconState> *IconShader::createMaterial()
-{
-    return new QSGSimpleMaterialComparableMaterial<IconState>(createShader);
-}
-
 QList<QByteArray> IconShader::attributes() const
 {
     return { QByteArrayLiteral("vertex"), QByteArrayLiteral("texCoord") };

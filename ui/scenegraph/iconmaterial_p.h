@@ -20,6 +20,8 @@ struct TAMBERUI_PRIVATE_EXPORT IconState
     int compare(const IconState *other) const;
 };
 
+using IconMaterial = QSGSimpleMaterialComparableMaterial<IconState>;
+
 /// Draws a glyph, greyed out or tinted.
 class IconShader : public QSGSimpleMaterialShader<IconState>
 {
@@ -27,7 +29,6 @@ public:
     IconShader();
 
     static QSGMaterialShader *createShader();
-    static QSGSimpleMaterialComparableMaterial<IconState> *createMaterial();
 
     QList<QByteArray> attributes() const override;
     void resolveUniforms() override;

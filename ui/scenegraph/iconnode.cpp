@@ -9,12 +9,10 @@ namespace ta::ui {
 QHash<IconNode::TextureKey, QWeakPointer<QSGTexture>> IconNode::m_existing;
 QMutex IconNode::s_lock;
 
-IconNode::IconNode()
+IconNode::IconNode() : m_material(IconShader::createShader)
 {
-    auto *iconMaterial = IconShader::createMaterial();
-    iconMaterial->setFlag(QSGMaterial::Blending);
-    setMaterial(iconMaterial);
-    setFlag(OwnsMaterial);
+    m_material.setFlag(QSGMaterial::Blending);
+    setMaterial(&m_material);
 }
 
 void IconNode::updateGeometry(int size, double devicePixelRatio, const QString &name)
@@ -42,8 +40,7 @@ void IconNode::updateMaterial(QQuickWindow *window, const QString &name, int siz
 void IconNode::updateMaterial(QSGTexture *texture, double disabled, double highlight,
                               const QColor &highlightColor)
 {
-    IconState *state = static_cast<QSGSimpleMaterialComparableMaterial<IconState> *>(material())
-                           ->state();
+    IconState *state = m_material.state();
     state->texture = texture;
     state->disabled = float(disabled);
     state->highlight = float(highlight);

@@ -1,0 +1,163 @@
+#include "gallery.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtGui/QStyleHints>
+#include <QtTest/QtTest>
+
+namespace ta::test {
+
+namespace {
+
+constexpr int kPatience = 20000; // ms for anything the gallery has to do, on a slow machine
+
+void input(const QStringList &arguments)
+{
+    QCOMPARE(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
+}
+
+QStringList moveTo(const QPoint &position)
+{
+    return { QStringLiteral("mousemove"), QString::number(position.x()),
+             QString::number(position.y()) };
+}
+
+} // namespace
+
+Gallery::Gallery(const QStringList &arguments)
+{
+    // What the graphics driver keeps cannot be told from leaks of ours once it is unloaded.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    m_process.setProcessEnvironment(environment);
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QStringLiteral(TAMBERUI_GALLERY),
+                    QStringList { QStringLiteral("--trace") } + arguments);
+}
+
+Gallery::~Gallery()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+QStringList Gallery::pages()
+{
+    QProcess process;
+    process.start(QStringLiteral(TAMBERUI_GALLERY), { QStringLiteral("--list") });
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput())
+        .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+bool Gallery::says(const QString &line)
+{
+    const auto arrived = [&] {
+        read();
+        const int index = m_lines.indexOf(line, m_position);
+        if (index < 0)
+            return false;
+        m_position = index + 1;
+        return true;
+    };
+    const bool found = QTest::qWaitFor(arrived, kPatience);
+    if (!found)
+        qWarning("The gallery never said \"%s\"; it said: %s", qPrintable(line),
+                 qPrintable(m_lines.mid(m_position).join(QLatin1String(", "))));
+    return found;
+}
+
+bool Gallery::focuses(const char *name)
+{
+    return QTest::qWaitFor(
+        [&] {
+            read();
+            return m_focus == QLatin1String(name);
+        },
+        kPatience);
+}
+
+int Gallery::count(const QString &line)
+{
+    read();
+    return m_lines.count(line);
+}
+
+QRect Gallery::area(const QString &name)
+{
+    const bool rests = QTest::qWaitFor(
+        [&] {
+            const QRect before = m_places.value(name);
+            QTest::qWait(100);
+            read();
+            return m_places.contains(name) && m_places.value(name) == before;
+        },
+        kPatience);
+    if (!rests)
+        qWarning("There is no item \"%s\" to be seen", qPrintable(name));
+    return m_places.value(name);
+}
+
+void Gallery::move(const QString &name)
+{
+    input(moveTo(place(name)));
+}
+
+void Gallery::click(const QString &name, Button button)
+{
+    clickAt(place(name), button);
+}
+
+void Gallery::clickAt(const QPoint &position, Button button)
+{
+    // Not so soon after the last one that the two are a double click.
+    const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
+    if (m_lastClick.isValid() && !m_lastClick.hasExpired(interval))
+        QTest::qWait(interval - int(m_lastClick.elapsed()) + 1);
+    input(moveTo(position) + QStringList { QStringLiteral("click"), QString::number(button) });
+    m_lastClick.start(); // only now: the tool may have been slow
+}
+
+void Gallery::key(const char *name)
+{
+    input({ QStringLiteral("key"), QString::fromLatin1(name) });
+}
+
+void Gallery::resize(const QSize &size, const QString &moved)
+{
+    const QRect before = m_places.value(moved);
+    input({ QStringLiteral("getactivewindow"), QStringLiteral("windowsize"),
+            QString::number(size.width()), QString::number(size.height()) });
+    const bool followed = QTest::qWaitFor(
+        [&] {
+            read();
+            return m_places.value(moved) != before;
+        },
+        kPatience);
+    if (!followed)
+        qWarning("The item \"%s\" has not followed the window's size", qPrintable(moved));
+}
+
+bool Gallery::endsWell()
+{
+    return (m_process.state() == QProcess::NotRunning || m_process.waitForFinished(kPatience))
+           && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+}
+
+void Gallery::read()
+{
+    m_process.waitForReadyRead(1);
+    while (m_process.canReadLine()) {
+        const QString line = QString::fromUtf8(m_process.readLine()).trimmed();
+        m_lines.append(line);
+        const QStringList words = line.split(QLatin1Char(' '));
+        if (words.first() == QLatin1String("item") && words.count() == 6)
+            m_places.insert(words.at(1), QRect(words.at(2).toInt(), words.at(3).toInt(),
+                                               words.at(4).toInt(), words.at(5).toInt()));
+        else if (words.first() == QLatin1String("gone"))
+            m_places.remove(words.last());
+        else if (words.first() == QLatin1String("focus"))
+            m_focus = words.last();
+    }
+}
+
+} // namespace ta::test

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QHash>
+#include <QtCore/QProcess>
+#include <QtCore/QRect>
+#include <QtCore/QStringList>
+
+namespace ta::test {
+
+/*!
+    The gallery in a process of its own, worked with the pointer and the keys of the X server. Its
+    trace tells what came of it; gallery/trace.h lists what it tells.
+*/
+class Gallery
+{
+public:
+    enum Button : int { Left = 1, Right = 3 }; ///< as the X server counts them
+
+    explicit Gallery(const QStringList &arguments);
+    ~Gallery();
+
+    /// The names of all pages, in their order.
+    static QStringList pages();
+
+    /// Waits until the trace says \a line, counting from what was looked at last.
+    bool says(const QString &line);
+    /// Whether the item \a name gets the focus, or has it.
+    bool focuses(const char *name);
+    /// How often the trace has said \a line so far.
+    int count(const QString &line);
+
+    /// Where the item \a name is on the screen, once it is there and has stopped moving.
+    QRect area(const QString &name);
+    /// The middle of it.
+    QPoint place(const QString &name) { return area(name).center(); }
+
+    /// Puts the pointer on the item's middle; click() and clickAt() also press and release there.
+    void move(const QString &name);
+    void click(const QString &name, Button button = Left);
+    void clickAt(const QPoint &position, Button button = Left);
+    /// A key or a combination under its X name, for instance "shift+Tab".
+    void key(const char *name);
+
+    /// Gives the window another size, and waits until the item \a moved has followed.
+    void resize(const QSize &size, const QString &moved);
+
+    /// Whether the process ends by itself with the exit code 0.
+    bool endsWell();
+
+private:
+    void read();
+
+    QProcess m_process;
+    QStringList m_lines;
+    QHash<QString, QRect> m_places;
+    QString m_focus;
+    QElapsedTimer m_lastClick;
+    int m_position = 0;
+};
+
+} // namespace ta::test

@@ -1,0 +1,309 @@
+#include "support/input.h"
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/PopupAnchor>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+class tst_KitComboBox : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { Scene::useKit(); }
+    void texts_data();
+    void texts();
+    void keys();
+    void typeAhead();
+    void leavesKeysAlone();
+    void keysBesideRestingPointer();
+    void disabledWhileOpen();
+    void pointer();
+    void wheelTurns();
+    void showsItsRow_data();
+    void showsItsRow();
+    void followsItsModel();
+    void badIndexes();
+};
+
+namespace {
+
+const QString kComboBox = QStringLiteral(
+    "UiComboBox { objectName: 'combo'; x: 100; y: 100; currentIndex: 1\n"
+    "model: ['Apple', 'Banana', 'Blackberry', 'Cherry', 'Damson']; placeholder: 'Fruit' }");
+
+int currentIndex(const QObject *combo)
+{
+    return combo->property("currentIndex").toInt();
+}
+
+bool isOpen(const QObject *combo)
+{
+    return combo->property("popupVisible").toBool();
+}
+
+} // namespace
+
+void tst_KitComboBox::texts_data()
+{
+    QTest::addColumn<QString>("properties");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("count");
+    QTest::newRow("list") << QStringLiteral("model: ['a', 'b']; currentIndex: 1")
+                          << QStringLiteral("b") << 2;
+    QTest::newRow("number") << QStringLiteral("model: 5; currentIndex: 4") << QStringLiteral("4")
+                            << 5;
+    QTest::newRow("model") << QStringLiteral(
+        "textRole: 'name'; currentIndex: 1; model: ListModel {"
+        "ListElement { name: 'x' } ListElement { name: 'y' } }")
+                           << QStringLiteral("y") << 2;
+    QTest::newRow("none") << QStringLiteral("model: ['a']") << QString() << 1;
+    QTest::newRow("empty") << QStringLiteral("currentIndex: 0") << QString() << 0;
+    QTest::newRow("wrong role") << QStringLiteral(
+        "textRole: 'nothing'; currentIndex: 0; model: ListModel {"
+        "ListElement { name: 'x' } }")
+                                << QString() << 1;
+}
+
+void tst_KitComboBox::texts()
+{
+    QFETCH(QString, properties);
+    Scene scene(QStringLiteral("UiComboBox { objectName: 'combo'; %1 }").arg(properties));
+    QVERIFY(scene.isValid());
+    const auto *combo = scene.find("combo");
+    QTEST(combo->property("currentText").toString(), "text");
+    QTEST(combo->property("count").toInt(), "count");
+}
+
+void tst_KitComboBox::keys()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    combo->forceActiveFocus();
+    SignalLog log;
+    log.watch(combo, { QStringLiteral("activated") });
+    const auto key = [&](Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(scene.window(), code, modifiers);
+    };
+
+    // Closed: the keys change the value.
+    key(Qt::Key_Down);
+    QCOMPARE(currentIndex(combo), 2);
+    key(Qt::Key_End);
+    key(Qt::Key_Down);
+    QCOMPARE(currentIndex(combo), 4);
+    key(Qt::Key_Home);
+    key(Qt::Key_Up);
+    QCOMPARE(currentIndex(combo), 0);
+    QCOMPARE(log.take().count(), 3);
+
+    // Every way to open it; the value stays until something is chosen.
+    const QPair<Qt::Key, Qt::KeyboardModifiers> openers[] = {
+        { Qt::Key_Space, Qt::NoModifier },
+        { Qt::Key_Return, Qt::NoModifier },
+        { Qt::Key_F4, Qt::NoModifier },
+        { Qt::Key_Down, Qt::AltModifier },
+    };
+    for (const auto &opener : openers) {
+        key(opener.first, opener.second);
+        QVERIFY(isOpen(combo));
+        key(Qt::Key_Down);
+        QCOMPARE(currentIndex(combo), 0);
+        key(Qt::Key_Escape);
+        QVERIFY(!isOpen(combo));
+        QVERIFY(combo->hasActiveFocus());
+    }
+    QCOMPARE(log.take(), QStringList());
+    key(Qt::Key_Space);
+    key(Qt::Key_Down);
+    key(Qt::Key_PageDown);
+    key(Qt::Key_Up);
+    key(Qt::Key_Space);
+    QVERIFY(!isOpen(combo));
+    QCOMPARE(currentIndex(combo), 3);
+    QCOMPARE(log.take().count(), 1);
+}
+
+void tst_KitComboBox::typeAhead()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    combo->forceActiveFocus();
+    QTest::keyClick(scene.window(), Qt::Key_D);
+    QCOMPARE(currentIndex(combo), 4);
+    combo->setProperty("typedAt", 0); // a second later
+    QTest::keyClick(scene.window(), Qt::Key_B);
+    QTest::keyClick(scene.window(), Qt::Key_L);
+    QCOMPARE(currentIndex(combo), 2);
+    combo->setProperty("typedAt", 0);
+    for (int expected : { 1, 2, 1 }) { // the same letter walks through its rows
+        QTest::keyClick(scene.window(), Qt::Key_B);
+        QCOMPARE(currentIndex(combo), expected);
+    }
+    QTest::keyClick(scene.window(), Qt::Key_X);
+    QCOMPARE(currentIndex(combo), 1);
+}
+
+// Keys that are nothing to the field go on to what is around it.
+void tst_KitComboBox::leavesKeysAlone()
+{
+    Scene scene(QStringLiteral("property int keys: 0\n"
+                               "Keys.onPressed: if (event.key !== Qt.Key_Alt) ++keys\n")
+                + kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    combo->forceActiveFocus();
+    for (Qt::Key key : { Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete })
+        QTest::keyClick(scene.window(), key);
+    QTest::keyClick(scene.window(), Qt::Key_F4, Qt::AltModifier);
+    QCOMPARE(scene.root()->property("keys").toInt(), 4);
+    QVERIFY(!isOpen(combo));
+    QTest::keyClick(scene.window(), Qt::Key_D);
+    QCOMPARE(currentIndex(combo), 4);
+
+    combo->setProperty("model", QStringList());
+    for (Qt::Key key : { Qt::Key_A, Qt::Key_B, Qt::Key_Down, Qt::Key_End, Qt::Key_Space })
+        QTest::keyClick(scene.window(), key);
+    QVERIFY(!isOpen(combo));
+}
+
+// Rows that the keys scroll past a resting pointer are not what it chooses.
+void tst_KitComboBox::keysBesideRestingPointer()
+{
+    Scene scene(QStringLiteral("UiComboBox { objectName: 'combo'; model: 50; currentIndex: 0 }"));
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    QMetaObject::invokeMethod(combo, "show");
+    QVERIFY(scene.waitForFrame());
+    move(scene.window(), center(scene.find("comboItem3")));
+    QCOMPARE(combo->property("highlightedIndex").toInt(), 3);
+    for (int row = 4; row < 20; ++row) {
+        QTest::keyClick(scene.window(), Qt::Key_Down);
+        QVERIFY(scene.waitForFrame());
+        QCOMPARE(combo->property("highlightedIndex").toInt(), row);
+    }
+    QTest::keyClick(scene.window(), Qt::Key_Escape);
+}
+
+void tst_KitComboBox::disabledWhileOpen()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    QMetaObject::invokeMethod(combo, "show");
+    combo->setEnabled(false);
+    QVERIFY(!isOpen(combo));
+    combo->setEnabled(true);
+    QMetaObject::invokeMethod(combo, "show");
+    combo->setVisible(false);
+    QVERIFY(!isOpen(combo));
+}
+
+void tst_KitComboBox::pointer()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    click(scene.window(), center(combo));
+    QVERIFY(isOpen(combo));
+    auto *row = scene.find("comboItem3");
+    QVERIFY(row);
+    click(scene.window(), center(row));
+    QVERIFY(!isOpen(combo));
+    QCOMPARE(currentIndex(combo), 3);
+    QCOMPARE(combo->property("currentText").toString(), QStringLiteral("Cherry"));
+
+    // The press that closes the list is not one that opens it.
+    click(scene.window(), center(combo));
+    QVERIFY(isOpen(combo));
+    click(scene.window(), center(combo));
+    QVERIFY(!isOpen(combo));
+}
+
+void tst_KitComboBox::wheelTurns()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    wheel(scene.window(), center(combo), -1);
+    QCOMPARE(currentIndex(combo), 1);
+    combo->forceActiveFocus();
+    wheel(scene.window(), center(combo), -1);
+    QCOMPARE(currentIndex(combo), 2);
+    wheel(scene.window(), center(combo), 5);
+    QCOMPARE(currentIndex(combo), 0);
+}
+
+void tst_KitComboBox::showsItsRow_data()
+{
+    QTest::addColumn<int>("y");
+    QTest::addColumn<int>("row");
+    QTest::newRow("room for all rows, first") << 100 << 0;
+    QTest::newRow("room for all rows, last") << 100 << 59;
+    QTest::newRow("little room") << 250 << 30;
+    QTest::newRow("upwards") << 560 << 45;
+}
+
+// The list opens where the value is.
+void tst_KitComboBox::showsItsRow()
+{
+    QFETCH(int, y);
+    QFETCH(int, row);
+    Scene scene(
+        QStringLiteral("UiComboBox { objectName: 'combo'; y: %1; model: 60; currentIndex: %2 }")
+            .arg(y)
+            .arg(row));
+    QVERIFY(scene.isValid());
+    QMetaObject::invokeMethod(scene.find("combo"), "show");
+    QVERIFY(scene.waitForFrame());
+    const auto *popup = scene.find<PopupAnchor>("comboPopup")->popupItem();
+    const auto *item = scene.find(qPrintable(QStringLiteral("comboItem%1").arg(row)));
+    QVERIFY(popup && item);
+    const QRectF place = item->mapRectToItem(popup, QRectF(QPointF(), item->size()));
+    QVERIFY(QRectF(QPointF(), popup->size()).contains(place));
+    QTest::keyClick(scene.window(), Qt::Key_Escape);
+}
+
+void tst_KitComboBox::followsItsModel()
+{
+    Scene scene(
+        QStringLiteral("property QtObject names: ListModel { ListElement { name: 'x' } }\n"
+                       "UiComboBox { objectName: 'combo'; textRole: 'name'; currentIndex: 0; "
+                       "model: names }\n"
+                       "function rename() { names.setProperty(0, 'name', 'y') }\n"
+                       "function insert() { names.insert(0, { name: 'z' }) }"));
+    QVERIFY(scene.isValid());
+    const auto text = [&] { return scene.find("combo")->property("currentText").toString(); };
+    QCOMPARE(text(), QStringLiteral("x"));
+    QMetaObject::invokeMethod(scene.root(), "rename");
+    QCOMPARE(text(), QStringLiteral("y"));
+    QMetaObject::invokeMethod(scene.root(), "insert");
+    QCOMPARE(text(), QStringLiteral("z"));
+}
+
+void tst_KitComboBox::badIndexes()
+{
+    Scene scene(kComboBox);
+    QVERIFY(scene.isValid());
+    auto *combo = scene.find("combo");
+    for (int index : { -7, 5, 1000000 }) {
+        combo->setProperty("currentIndex", index);
+        QCOMPARE(combo->property("currentText").toString(), QString());
+        QMetaObject::invokeMethod(combo, "show");
+        QMetaObject::invokeMethod(combo, "hide");
+    }
+    combo->setProperty("currentIndex", 2);
+    QMetaObject::invokeMethod(combo, "show");
+    combo->setProperty("model", QStringList { QStringLiteral("Only") }); // while the list is open
+    QTest::keyClick(scene.window(), Qt::Key_Return);
+    QVERIFY(!isOpen(combo));
+    QCOMPARE(combo->property("currentText").toString(), QString());
+}
+
+TAMBER_TEST_MAIN(tst_KitComboBox)
+#include "tst_kitcombobox.moc"
