@@ -1,5 +1,7 @@
 #include "plugin.h"
 
+#include "captions.h"
+
 #include <TamberUi/Border>
 #include <TamberUi/CheckerBoard>
 #include <TamberUi/ColorSwatch>
@@ -26,6 +28,7 @@
 #include <TamberUi/Ui>
 #include <TamberUi/VideoDropHandler>
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QFont>
 #include <QtGui/QFontDatabase>
 #include <QtQml/qqml.h>
@@ -47,6 +50,13 @@ void provideFontFamily()
     if (!families.contains(standIn))
         qCWarning(lcUi, "The font family Lato is not installed; texts use a fallback");
     QFont::insertSubstitution(family, standIn);
+}
+
+// The captions of dialog buttons are translations of ids that every host has to bring along; one
+// that brings none shows words all the same.
+void provideCaptions()
+{
+    QCoreApplication::installTranslator(new Captions(QLocale(), QCoreApplication::instance()));
 }
 
 // Each engine has an instance of its own, which it owns.
@@ -123,10 +133,10 @@ void TamberUiKitPlugin::registerTypes(const char *uri)
     registerPublic(uri);
 }
 
-// Runs on the GUI thread, where fonts are used; the types are registered on the thread that loads
-// QML.
+// Runs on the GUI thread, where fonts and translators belong; the types are registered on the
+// thread that loads QML.
 void TamberUiKitPlugin::initializeEngine(QQmlEngine *, const char *)
 {
-    static const bool provided = (provideFontFamily(), true);
+    static const bool provided = (provideFontFamily(), provideCaptions(), true);
     Q_UNUSED(provided)
 }

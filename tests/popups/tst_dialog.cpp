@@ -1,3 +1,4 @@
+#include "dialogs.h"
 #include "support/input.h"
 #include "support/scene.h"
 #include "support/signallog.h"
@@ -54,29 +55,6 @@ QString dialogQml(const QString &properties, const QString &outside = {})
     return QStringLiteral("Item { objectName: 'before'; focus: true; width: 100; height: 30 }\n"
                           "UiDialog { objectName: 'dialog'\n%1 }\n%2")
         .arg(properties, outside);
-}
-
-QQuickItem *box(const Dialog *dialog)
-{
-    return dialog->rootItem()->findChild<QQuickItem *>(QStringLiteral("_ta_dialogContent"));
-}
-
-QList<QQuickItem *> pushButtonsIn(const QQuickItem *item)
-{
-    QList<QQuickItem *> buttons;
-    const auto children = item->childItems();
-    for (QQuickItem *child : children) {
-        if (child->inherits("ta::ui::PushButtonBase"))
-            buttons.append(child);
-        buttons += pushButtonsIn(child);
-    }
-    return buttons;
-}
-
-// The push buttons of the default footer.
-QList<QQuickItem *> pushButtons(const Dialog *dialog)
-{
-    return pushButtonsIn(dialog->rootItem());
 }
 
 QStringList texts(const QList<QQuickItem *> &buttons)

@@ -3,11 +3,15 @@
 
 #include <TamberUi/Dialog>
 #include <TamberUi/DialogButton>
+#include <TamberUi/PopupStack>
+
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickWindow>
 
 using namespace ta::ui;
 using namespace ta::test;
 
-// The buttons of dialogs without any dialog on the screen.
+// The buttons of dialogs, and all that can be told without the kit.
 class tst_DialogButton : public TestCase
 {
     Q_OBJECT
@@ -18,6 +22,7 @@ private Q_SLOTS:
     void changes();
     void list();
     void trigger();
+    void withoutPublicModule();
 };
 
 void tst_DialogButton::roles_data()
@@ -137,6 +142,31 @@ void tst_DialogButton::trigger()
     button.setAction(DialogButton::NoAction);
     dialog.trigger(&button);
     QCOMPARE(log.take(), names({ "clicked" }));
+}
+
+// The library's components need the types of a public module, which is nowhere here.
+void tst_DialogButton::withoutPublicModule()
+{
+    qmlRegisterType<Dialog>("tests.Dialogs", 1, 0, "UiDialog");
+    QQmlEngine engine;
+    engine.setImportPathList({});
+    QQuickWindow window;
+    QQmlComponent component(&engine);
+    component.setData("import tests.Dialogs 1.0; UiDialog {}", QUrl());
+    const std::unique_ptr<QObject> object(component.create());
+    auto *dialog = qobject_cast<Dialog *>(object.get());
+    QVERIFY2(dialog, qPrintable(component.errorString()));
+    dialog->setParent(window.contentItem());
+    SignalLog log;
+    log.watch(dialog);
+    expectWarning(QStringLiteral("UiDialogHost.qml.*is not installed"));
+    for (int round = 0; round < 2; ++round) {
+        dialog->show();
+        QVERIFY(!dialog->rootItem() && !PopupStack::top());
+    }
+    QVERIFY(log.take().isEmpty());
+    QVERIFY(window.contentItem()->childItems().isEmpty());
+    dialog->setParent(nullptr);
 }
 
 TAMBER_TEST_MAIN(tst_DialogButton)

@@ -46,6 +46,13 @@ QQuickItem *findFocusItem(const QQuickWindow *window)
     return item == window->contentItem() ? nullptr : item;
 }
 
+void printErrors(const QQmlComponent &component)
+{
+    const QList<QQmlError> errors = component.errors();
+    for (const QQmlError &error : errors)
+        qCritical("%s", qPrintable(error.toString()));
+}
+
 DialogPrivate *listOwner(QQmlListProperty<DialogButton> *list)
 {
     return static_cast<DialogPrivate *>(list->data);
@@ -103,10 +110,15 @@ void DialogPrivate::open()
     host = created;
     contentScope = host->findChild<QQuickItem *>(QStringLiteral("_ta_dialogContent"));
     watch();
+    const QPointer<QQuickItem> previous = previousFocusItem;
     if (contentScope)
         contentScope->forceActiveFocus();
-    if (isOver())
+    if (isOver()) {
+        // A handler closed it and so gave the focus back, in the middle of moving it here.
+        if (previous && !(guard && host))
+            previous->forceActiveFocus();
         return;
+    }
     content = host->findChild<QQuickItem *>(QStringLiteral("_ta_dialogItem"));
     if (content)
         Q_EMIT q->contentChanged();
@@ -124,6 +136,10 @@ QQuickItem *DialogPrivate::createHost()
     QQmlComponent *component = m_sharedHostComponent.get(hostComponent, q);
     if (!component) {
         qCritical("A dialog cannot be shown without its QML engine");
+        return nullptr;
+    }
+    if (!component->isReady()) {
+        printErrors(*component);
         return nullptr;
     }
     const ComponentReference reference = hostComponent; // the dialog may be destroyed on the way
@@ -150,11 +166,8 @@ QQuickItem *DialogPrivate::createHost()
         return nullptr;
     }
     if (!created) {
-        const QList<QQmlError> errors = component->errors();
-        for (const QQmlError &error : errors)
-            qCritical("%s", qPrintable(error.toString()));
-        if (errors.isEmpty())
-            qCritical("The items of a dialog were destroyed while they were made");
+        qCritical("The items of a dialog cannot be made");
+        printErrors(*component);
     }
     return qobject_cast<QQuickItem *>(created);
 }
@@ -255,6 +268,12 @@ void DialogPrivate::discardImmediate()
     close(closing);
 }
 
+// There is no host any more.
+void DialogPrivate::forget()
+{
+    close(nullptr);
+}
+
 void DialogPrivate::close(const QQuickItem *closing)
 {
     for (const QMetaObject::Connection &connection : qAsConst(connections))
@@ -273,16 +292,40 @@ void DialogPrivate::close(const QQuickItem *closing)
     restoreFocus();
 }
 
+// Closes and gives the \a answer.
+void DialogPrivate::end(void (DialogPrivate::*leave)(), const std::function<void()> &answer)
+{
+    const QPointer<Dialog> guard(q);
+    ++answers;
+    (this->*leave)();
+    if (guard)
+        answer();
+    if (guard)
+        --answers;
+}
+
+// What is left of the dialog's items dies with the dialog, unless one of them is in the middle of
+// an event: a button whose click brought the answer that destroys the dialog, for instance.
+void DialogPrivate::releaseHosts()
+{
+    const auto hosts = q->findChildren<QQuickItem *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QQuickItem *item : hosts) {
+        const QQuickItem *grabber = item->window() ? item->window()->mouseGrabberItem() : nullptr;
+        if (answers > 0 || locks > 1 || (grabber && item->isAncestorOf(grabber))) {
+            item->setParent(qmlEngine(item)); // for the case that the application ends before
+            item->deleteLater();
+        }
+    }
+}
+
 // Its window or its host was destroyed.
 void DialogPrivate::rejectLost()
 {
-    const QPointer<Dialog> guard(q);
+    const auto answer = [this] { Q_EMIT q->rejected(); };
     if (host)
-        discardImmediate();
+        end(&DialogPrivate::discardImmediate, answer);
     else
-        close(nullptr);
-    if (guard)
-        Q_EMIT q->rejected();
+        end(&DialogPrivate::forget, answer);
 }
 
 void DialogPrivate::joinStack()
@@ -325,6 +368,9 @@ Dialog::~Dialog()
     ++d->locks;
     if (d->host)
         d->discard();
+    d->leaveStack(); // a handler of the close itself may have destroyed the dialog
+    d->restoreFocus();
+    d->releaseHosts();
 }
 
 QString Dialog::label() const
@@ -551,22 +597,14 @@ void Dialog::show()
 
 void Dialog::reject()
 {
-    if (!d->host)
-        return;
-    const QPointer<Dialog> guard(this);
-    d->discard();
-    if (guard)
-        Q_EMIT rejected();
+    if (d->host)
+        d->end(&DialogPrivate::discard, [this] { Q_EMIT rejected(); });
 }
 
 void Dialog::accept(QVariant result)
 {
-    if (!d->host)
-        return;
-    const QPointer<Dialog> guard(this);
-    d->discard();
-    if (guard)
-        Q_EMIT accepted(result);
+    if (d->host)
+        d->end(&DialogPrivate::discard, [&] { Q_EMIT accepted(result); });
 }
 
 void Dialog::back()
@@ -588,6 +626,8 @@ void Dialog::trigger(DialogButton *button)
     int action = button->action();
     if (action == DialogButton::AutomaticAction)
         action = button->actionForRole(button->role());
+    const QPointer<Dialog> guard(this);
+    ++d->answers;
     switch (action) {
     case DialogButton::AcceptAction:
         accept(d->result);
@@ -604,6 +644,8 @@ void Dialog::trigger(DialogButton *button)
     default:
         Q_EMIT button->clicked();
     }
+    if (guard)
+        --d->answers;
 }
 
 } // namespace ta::ui

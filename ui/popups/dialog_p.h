@@ -9,6 +9,8 @@
 #include <QtCore/QVector>
 #include <QtQuick/QQuickWindow>
 
+#include <functional>
+
 namespace ta::ui {
 
 class DialogPrivate
@@ -28,7 +30,10 @@ public:
     void discard();
     void discardImmediate();
     void close(const QQuickItem *closing);
+    void forget();
+    void end(void (DialogPrivate::*leave)(), const std::function<void()> &answer);
     void rejectLost();
+    void releaseHosts();
     void joinStack();
     void leaveStack();
     void bequeathFocus(const QQuickItem *closing);
@@ -71,6 +76,7 @@ public:
 
     int locks = 0; // while there are any show() does nothing
     bool onStack = false;
+    int answers = 0; // that are being given, from clicks and keys of the host's items maybe
     QVector<QMetaObject::Connection> connections; // while shown
 
     static SharedComponent m_sharedHostComponent;

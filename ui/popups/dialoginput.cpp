@@ -62,12 +62,8 @@ bool Dialog::eventFilter(QObject *watched, QEvent *event)
             d->updateDialogSize();
         break;
     case QEvent::Close:
-        if (d->host && d->flags.testFlag(RejectOnCloseEvent)) {
-            const QPointer<Dialog> guard(this);
-            d->discardImmediate();
-            if (guard)
-                Q_EMIT rejected();
-        }
+        if (d->host && d->flags.testFlag(RejectOnCloseEvent))
+            d->end(&DialogPrivate::discardImmediate, [this] { Q_EMIT rejected(); });
         break;
     default:
         return false;
