@@ -5,6 +5,8 @@
 #include <TamberUi/ColorSwatch>
 #include <TamberUi/Colors>
 #include <TamberUi/DefaultSlider>
+#include <TamberUi/DragHandle>
+#include <TamberUi/DragZone>
 #include <TamberUi/DropHandler>
 #include <TamberUi/DropZone>
 #include <TamberUi/FileDropHandler>
@@ -68,6 +70,8 @@ void registerPublic(const char *uri)
     qmlRegisterUncreatableType<ColorSwatch>(uri, major, minor, "UiColorSwatch",
                                             QStringLiteral("Swatches belong to a palette"));
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterType<DragHandle>(uri, major, minor, "UiDragHandle");
+    qmlRegisterType<DragZone>(uri, major, minor, "UiDragZone");
     qmlRegisterUncreatableType<DropHandler>(uri, major, minor, "UiDropHandler", baseOnly);
     qmlRegisterType<DropZone>(uri, major, minor, "UiDropZone");
     qmlRegisterType<FileDropHandler>(uri, major, minor, "UiFileDropHandler");
