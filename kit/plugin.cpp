@@ -21,6 +21,8 @@
 #include <TamberUi/Module>
 #include <TamberUi/Palette>
 #include <TamberUi/Thumbnail>
+#include <TamberUi/Tooltip>
+#include <TamberUi/TooltipAgent>
 #include <TamberUi/Ui>
 #include <TamberUi/VideoDropHandler>
 
@@ -84,6 +86,8 @@ void registerPublic(const char *uri)
     qmlRegisterUncreatableType<Palette>(uri, major, minor, "UiPalette",
                                         QStringLiteral("Palettes come from their providers"));
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
+    qmlRegisterType<Tooltip>(uri, major, minor, "UiTooltip");
+    qmlRegisterType<TooltipAgent>(uri, major, minor, "UiTooltipAgent");
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
