@@ -5,6 +5,8 @@
 #include <TamberUi/ColorSwatch>
 #include <TamberUi/Colors>
 #include <TamberUi/DefaultSlider>
+#include <TamberUi/DragHandle>
+#include <TamberUi/DragZone>
 #include <TamberUi/DropHandler>
 #include <TamberUi/DropZone>
 #include <TamberUi/FileDropHandler>
@@ -19,6 +21,8 @@
 #include <TamberUi/Module>
 #include <TamberUi/Palette>
 #include <TamberUi/Thumbnail>
+#include <TamberUi/Tooltip>
+#include <TamberUi/TooltipAgent>
 #include <TamberUi/Ui>
 #include <TamberUi/VideoDropHandler>
 
@@ -68,6 +72,8 @@ void registerPublic(const char *uri)
     qmlRegisterUncreatableType<ColorSwatch>(uri, major, minor, "UiColorSwatch",
                                             QStringLiteral("Swatches belong to a palette"));
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterType<DragHandle>(uri, major, minor, "UiDragHandle");
+    qmlRegisterType<DragZone>(uri, major, minor, "UiDragZone");
     qmlRegisterUncreatableType<DropHandler>(uri, major, minor, "UiDropHandler", baseOnly);
     qmlRegisterType<DropZone>(uri, major, minor, "UiDropZone");
     qmlRegisterType<FileDropHandler>(uri, major, minor, "UiFileDropHandler");
@@ -80,6 +86,8 @@ void registerPublic(const char *uri)
     qmlRegisterUncreatableType<Palette>(uri, major, minor, "UiPalette",
                                         QStringLiteral("Palettes come from their providers"));
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
+    qmlRegisterType<Tooltip>(uri, major, minor, "UiTooltip");
+    qmlRegisterType<TooltipAgent>(uri, major, minor, "UiTooltipAgent");
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
