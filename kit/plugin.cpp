@@ -1,13 +1,17 @@
 #include "plugin.h"
 
+#include <TamberUi/AbstractMenuItem>
 #include <TamberUi/Border>
 #include <TamberUi/CheckerBoard>
 #include <TamberUi/Colors>
+#include <TamberUi/ContextMenu>
 #include <TamberUi/DefaultSlider>
 #include <TamberUi/Fonts>
 #include <TamberUi/Icon>
 #include <TamberUi/JsonMimeData>
 #include <TamberUi/Logging>
+#include <TamberUi/MenuItem>
+#include <TamberUi/MenuSeparator>
 #include <TamberUi/MimeData>
 #include <TamberUi/Module>
 #include <TamberUi/Thumbnail>
@@ -53,13 +57,18 @@ void registerPublic(const char *uri)
     qmlRegisterSingletonType<Fonts>(uri, major, minor, "UiFonts", createNames<Fonts>);
     qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
                                    QStringLiteral("Ui only has enumerations"));
+    qmlRegisterUncreatableType<AbstractMenuItem>(uri, major, minor, "UiAbstractMenuItem",
+                                                 QStringLiteral("An entry is of some kind"));
     qmlRegisterType<Border>(uri, major, minor, "UiBorder");
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
+    qmlRegisterType<ContextMenu>(uri, major, minor, "UiContextMenu");
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
     qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData",
                                          QStringLiteral("UiMimeData is what its kinds share"));
+    qmlRegisterType<MenuItem>(uri, major, minor, "UiMenuItem");
+    qmlRegisterType<MenuSeparator>(uri, major, minor, "UiMenuSeparator");
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
 
     for (const char *control : {

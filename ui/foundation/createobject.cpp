@@ -9,11 +9,13 @@
 
 namespace ta::ui {
 
-QObject *createObject(QQmlComponent *component, const std::function<void(QObject *)> &prepare)
+QObject *createObject(QQmlComponent *component, const std::function<void(QObject *)> &prepare,
+                      QQmlContext *fallback)
 {
     const QPointer<QQmlComponent> guard(component);
-    // A component made in C++ has no creation context.
     QQmlContext *context = component->creationContext();
+    if (!context && fallback && fallback->engine() == component->engine())
+        context = fallback;
     if (!context && component->engine())
         context = component->engine()->rootContext();
     if (!context || !context->isValid())
