@@ -31,9 +31,12 @@ Item {
     Accessible.onPressAction: if (root.enabled) root.clicked()
 
     onClicked: {
+        // A handler may destroy the menu, which then has no properties any more, and this item with
+        // it, whose names are gone then.
+        const contextMenu = menu
         menuItem.triggered()
-        if (menu) // unless a handler has destroyed it
-            menu.close()
+        if (contextMenu.menuVisible)
+            contextMenu.close()
     }
 
     Rectangle {
