@@ -24,11 +24,16 @@ constexpr int kColumns = 10;
 constexpr int kSide = 96;
 constexpr QSize kPictureSize(4000, 3000);
 constexpr int kTimeout = 120000; // ms
+constexpr int kWallFiles = 40;
+constexpr QSize kWallPictureSize(600, 400);
+constexpr QSize kWallWindow(960, 720);
+constexpr int kWallFrames = 120;
+constexpr int kWallStep = 35; // logical pixels a frame: a new row every third
 
 // Bright everywhere, with as much detail as a photograph has.
-QImage picture(uint seed)
+QImage picture(uint seed, const QSize &size)
 {
-    QImage image(kPictureSize, QImage::Format_RGB32);
+    QImage image(size, QImage::Format_RGB32);
     for (int y = 0; y < image.height(); ++y) {
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x) {
@@ -49,8 +54,8 @@ public:
     {
         const QDir folder(m_folder.path());
         for (int i = m_made; i < kDifferentPictures; i = ++m_made) {
-            if (!picture(uint(i)).save(folder.filePath(QStringLiteral("%1.jpg").arg(i)), nullptr,
-                                       85))
+            if (!picture(uint(i), kPictureSize)
+                     .save(folder.filePath(QStringLiteral("%1.jpg").arg(i)), nullptr, 85))
                 qFatal("Cannot write to %s", qPrintable(m_folder.path()));
         }
         QVector<QUrl> urls;
@@ -123,6 +128,46 @@ double timeToShow(Stage &stage, const QByteArray &qml)
     return time;
 }
 
+// Files "0.jpg" and so on, made at the first use.
+QUrl wallFolder()
+{
+    static const QTemporaryDir folder;
+    static const bool made = [] {
+        for (int i = 0; i < kWallFiles; ++i) {
+            const QString file = folder.filePath(QStringLiteral("%1.jpg").arg(i));
+            if (!picture(uint(i), kWallPictureSize).save(file, nullptr, 85))
+                qFatal("Cannot write to %s", qPrintable(folder.path()));
+        }
+        return true;
+    }();
+    Q_UNUSED(made)
+    return QUrl::fromLocalFile(folder.path() + QLatin1Char('/'));
+}
+
+// Microseconds of the GUI thread for a frame of a scrolling wall of 2,000 pictures, each of which
+// is a \a picture with a source relative to the wall's folder.
+double timeToScroll(Stage &stage, const QByteArray &imports, const QByteArray &picture)
+{
+    const Stage::Enlarged enlarged(stage, kWallWindow);
+    const auto component = stage.compile(
+        "import QtQuick 2.15; " + imports
+        + "\nGridView { property url folder; anchors.fill: parent; cellWidth: 104; cellHeight: 104;"
+          "cacheBuffer: 208; model: 2000; delegate: Item { width: 104; height: 104;"
+        + picture + "} }");
+    QQuickItem parent(stage.window().contentItem());
+    parent.setSize(kWallWindow);
+    const std::unique_ptr<QObject> wall(stage.create(*component, &parent));
+    wall->setProperty("folder", wallFolder());
+    stage.settle();
+
+    const AllProcessors all; // for those that decode
+    double time = 0;
+    for (int frame = 1; frame <= kWallFrames; ++frame)
+        time += stage.untilFrame([&] { wall->setProperty("contentY", frame * kWallStep); },
+                                 &QQuickWindow::afterRendering);
+    return time / kWallFrames;
+}
+
 } // namespace
 
 Rows thumbnailRows()
@@ -131,11 +176,20 @@ Rows thumbnailRows()
     const auto shows = [](const QByteArray &qml) {
         return [qml](Stage &stage) { return timeToShow(stage, qml); };
     };
+    const auto scrolls = [](const QByteArray &imports, const QByteArray &picture) {
+        return [=](Stage &stage) { return timeToScroll(stage, imports, picture); };
+    };
+    const QByteArray source = "source: parent.GridView.view.folder + (index % 40 + '.jpg')";
     return {
         { "show 60 pictures of 12 megapixels", "ms", 0.56,
           shows("import QtQuick 2.15; import Bench 1.0; Thumbnail { width: 96; height: 96 }"),
           shows("import QtQuick 2.15; Image { width: 96; height: 96; asynchronous: true;"
                 "fillMode: Image.PreserveAspectFit; sourceSize: Qt.size(96, 96) }") },
+        { "scroll a wall of 2,000 pictures, a frame", "µs", 1.0,
+          scrolls("import Bench 1.0", "Thumbnail { width: 96; height: 96;" + source + "}"),
+          scrolls("", "Image { width: 96; height: 96; asynchronous: true; fillMode:"
+                      "Image.PreserveAspectFit; sourceSize: Qt.size(96, 96);"
+                          + source + "}") },
     };
 }
 

@@ -201,6 +201,7 @@ void tst_Buttons::disabling()
     release(scene.window(), kInside);
     QVERIFY(!button->pressed());
     QCOMPARE(log.count(QStringLiteral("clicked")), 0);
+    delete button; // becomes enabled on its way out
 }
 
 void tst_Buttons::notInteractive()

@@ -38,10 +38,10 @@ void tst_Module::privateModule()
     register_private();
     register_private();
     QQmlEngine engine;
-    const auto create = [&](const QByteArray &version, const QByteArray &type) {
+    const auto create = [&](const QByteArray &version, const QByteArray &type, bool isItem) {
         QQmlComponent component(&engine);
         component.setData("import QtQuick 2.15; import tamber.Ui.Private " + version + "; " + type
-                              + " { activeFocusOnTab: true }",
+                              + (isItem ? " { activeFocusOnTab: true }" : " {}"),
                           QUrl());
         return std::unique_ptr<QObject>(component.isReady() ? component.create() : nullptr);
     };
@@ -49,19 +49,25 @@ void tst_Module::privateModule()
     {
         const char *name;
         const char *cppName;
+        bool isItem = true;
     } types[] = {
         { "UiPopupAnchor", "ta::ui::PopupAnchor" },
         { "UiButtonBase", "ta::ui::ButtonBase" },
+        { "UiCalendarInfo", "ta::ui::CalendarInfo", false },
         { "UiCheckButtonBase", "ta::ui::CheckButtonBase" },
         { "UiToolButtonBase", "ta::ui::ToolButtonBase" },
         { "UiPushButtonBase", "ta::ui::PushButtonBase" },
         { "UiSliderBase", "ta::ui::SliderBase" },
+        { "UiColorPickerBase", "ta::ui::ColorPickerBase" },
+        { "UiPaletteItem", "ta::ui::PaletteItem" },
+        { "UiLineEditBase", "ta::ui::LineEditBase" },
+        { "UiSpinBoxExPrivate", "ta::ui::SpinBoxExPrivate", false },
     };
     for (const auto &type : types) {
-        const auto object = create("1.0", type.name);
+        const auto object = create("1.0", type.name, type.isItem);
         QVERIFY2(object, type.name);
         QVERIFY(object->inherits(type.cppName));
-        QVERIFY(!create("1.1", type.name));
+        QVERIFY(!create("1.1", type.name, type.isItem));
     }
 }
 

@@ -1,56 +1,23 @@
 #include "buttonbase.h"
 
-#include "foundation/assign.h"
+#include "pointerstate_p.h"
 
-#include <QtCore/QPointer>
 #include <QtQuick/QQuickWindow>
-
-#include <utility>
 
 namespace ta::ui {
 
-class ButtonBasePrivate
+class ButtonBasePrivate : public PointerState<ButtonBase>
 {
 public:
-    explicit ButtonBasePrivate(ButtonBase *q) : q(q) {}
+    using PointerState::PointerState;
 
-    void setHovered(bool value)
-    {
-        if (!assign(hovered, value))
-            return;
-        watchEnabled();
-        Q_EMIT q->hoveredChanged();
-    }
-
-    void setPressed(bool value)
-    {
-        if (!assign(pressed, value))
-            return;
-        watchEnabled();
-        Q_EMIT q->pressedChanged();
-    }
-
-    // Hovered first; a handler of its signal may destroy the button.
-    void setHoveredAndPressed(bool hoveredValue, bool pressedValue)
-    {
-        const QPointer<ButtonBase> guard(q);
-        setHovered(hoveredValue);
-        if (guard)
-            setPressed(pressedValue);
-    }
-
-    void watchEnabled();
     void takeFocus();
 
-    ButtonBase *const q;
-    bool hovered = false;
-    bool pressed = false;
     bool activeFocusOnPress = false;
     bool stealEditFocus = false;
     bool down = false;
     bool pressFromDoubleClick = false;
     bool interactive = true;
-    bool watchesEnabled = false;
 };
 
 namespace {
@@ -61,15 +28,6 @@ bool isActivationKey(int key)
 }
 
 } // namespace
-
-// Disabling ends hover and press, so a button that never saw either needs no connection; the first
-// one to a signal of QQuickItem costs more memory than all the rest of the button.
-void ButtonBasePrivate::watchEnabled()
-{
-    if (std::exchange(watchesEnabled, true))
-        return;
-    QObject::connect(q, &QQuickItem::enabledChanged, q, &ButtonBase::enabledChange);
-}
 
 void ButtonBasePrivate::takeFocus()
 {
@@ -147,12 +105,6 @@ void ButtonBase::setInteractive(bool interactive)
 {
     d->interactive = interactive;
     if (!interactive)
-        d->setHoveredAndPressed(false, false);
-}
-
-void ButtonBase::enabledChange()
-{
-    if (!isEnabled())
         d->setHoveredAndPressed(false, false);
 }
 

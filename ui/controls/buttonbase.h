@@ -76,9 +76,6 @@ protected:
     void hoverEnterEvent(QHoverEvent *event) override;
     void hoverLeaveEvent(QHoverEvent *event) override;
 
-private Q_SLOTS:
-    void enabledChange();
-
 private:
     friend class ButtonBasePrivate;
     const std::unique_ptr<ButtonBasePrivate> d;

@@ -1,37 +1,18 @@
 #include "sliderbase.h"
 
-#include "foundation/assign.h"
+#include "pointerstate_p.h"
 #include "sliderposition_p.h"
 
-#include <QtCore/QPointer>
 #include <QtCore/QtMath>
-
-#include <utility>
 
 namespace ta::ui {
 
-class SliderBasePrivate
+class SliderBasePrivate : public PointerState<SliderBase>
 {
 public:
-    explicit SliderBasePrivate(SliderBase *q) : q(q) {}
+    using PointerState::PointerState;
 
     SliderRange range() const { return { minimumValue, maximumValue }; }
-
-    void setHovered(bool value)
-    {
-        if (!assign(hovered, value))
-            return;
-        watchEnabled();
-        Q_EMIT q->hoveredChanged();
-    }
-
-    void setPressed(bool value)
-    {
-        if (!assign(pressed, value))
-            return;
-        watchEnabled();
-        Q_EMIT q->pressedChanged();
-    }
 
     const QEasingCurve &curve() const
     {
@@ -43,16 +24,11 @@ public:
     void storeValue(double newValue);
     void announceValue();
     void pick(const QMouseEvent *event);
-    void watchEnabled();
 
-    SliderBase *const q;
     double value = 0.5;
     double minimumValue = 0;
     double maximumValue = 1;
-    bool hovered = false;
-    bool pressed = false;
     bool bindable = false;
-    bool watchesEnabled = false;
     qint32 margin = 0;
     double resetValue = qQNaN();
     double writtenValue = qQNaN(); // by the document that is being read, if any
@@ -89,15 +65,6 @@ void SliderBasePrivate::announceValue()
 void SliderBasePrivate::pick(const QMouseEvent *event)
 {
     updateValue(sliderValueAt(event->localPos().x(), q->width(), margin, range(), curve()));
-}
-
-// Disabling ends hover and press, so a slider that never saw either needs no connection; the first
-// one to a signal of QQuickItem costs more memory than all the rest of the slider.
-void SliderBasePrivate::watchEnabled()
-{
-    if (std::exchange(watchesEnabled, true))
-        return;
-    QObject::connect(q, &QQuickItem::enabledChanged, q, &SliderBase::enabledChange);
 }
 
 SliderBase::SliderBase(QQuickItem *parent)
@@ -242,16 +209,6 @@ void SliderBase::reset()
 }
 
 void SliderBase::valueChange() {}
-
-void SliderBase::enabledChange()
-{
-    if (isEnabled())
-        return;
-    const QPointer<SliderBase> guard(this);
-    d->setHovered(false);
-    if (guard)
-        d->setPressed(false);
-}
 
 // QML assigns in an order of its own, so the value may have come before its bounds.
 void SliderBase::componentComplete()

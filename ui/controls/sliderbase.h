@@ -114,9 +114,6 @@ protected:
     /// would cost it more memory than the rest of the slider. Does nothing here.
     virtual void valueChange();
 
-private Q_SLOTS:
-    void enabledChange();
-
 private:
     friend class SliderBasePrivate;
     const std::unique_ptr<SliderBasePrivate> d;

@@ -10,12 +10,12 @@
 namespace ta::ui {
 
 QObject *createObject(QQmlComponent *component, const std::function<void(QObject *)> &prepare,
-                      QQmlContext *fallback)
+                      QQmlContext *context)
 {
     const QPointer<QQmlComponent> guard(component);
-    QQmlContext *context = component->creationContext();
-    if (!context && fallback && fallback->engine() == component->engine())
-        context = fallback;
+    // A component made in C++ has no creation context.
+    if (!context)
+        context = component->creationContext();
     if (!context && component->engine())
         context = component->engine()->rootContext();
     if (!context || !context->isValid())
@@ -40,6 +40,12 @@ QObject *createObject(QQmlComponent *component, const std::function<void(QObject
         return nullptr;
     }
     return object;
+}
+
+QQmlContext *creationContext(const QQmlComponent *component, const QObject *user)
+{
+    QQmlContext *context = component->creationContext();
+    return context ? context : qmlContext(user);
 }
 
 } // namespace ta::ui

@@ -9,10 +9,8 @@ class QQmlContext;
 namespace ta::ui {
 
 /*!
-    Creates an object from \a component in the component's own creation context.
-
-    A component made in C++ has none: it is created in \a fallback then, and without that (or
-    where it belongs to another engine) in the root context of its engine.
+    Creates an object from \a component in \a context; by default the component's own creation
+    context, or the engine's root context where it has none.
 
     \a prepare receives the object before its bindings are evaluated and its completion handlers
     run: the place to give it a parent item. Returns the completed object, which the caller owns, or
@@ -20,6 +18,10 @@ namespace ta::ui {
     What a completion handler may have destroyed is returned as null as well.
 */
 QObject *createObject(QQmlComponent *component, const std::function<void(QObject *)> &prepare,
-                      QQmlContext *fallback = nullptr);
+                      QQmlContext *context = nullptr);
+
+/// Where \a component was declared, or, where it was made in C++, where \a user was: the context
+/// that an object which \a user shows is created in. Null where there is neither.
+QQmlContext *creationContext(const QQmlComponent *component, const QObject *user);
 
 } // namespace ta::ui

@@ -8,6 +8,7 @@
 #include "foundation/createobject.h"
 #include "foundation/logging.h"
 #include "foundation/rounding.h"
+#include "foundation/turn.h"
 
 #include <QtCore/QTimer>
 #include <QtQml/QQmlEngine>
@@ -19,23 +20,6 @@ namespace {
 
 constexpr qreal kLayerZ = 65635; // above all ordinary content and the eyedropper, below tooltips
 constexpr int kReleaseDelay = 700; // ms that a hidden popup item has for its animation
-
-// One change of the visibility in progress. Any signal on the way may run a handler that destroys
-// the anchor or asks for another visibility; the turn is over then, and what began it must stop.
-class Turn
-{
-public:
-    Turn(PopupAnchor *anchor, const int &changes)
-        : m_anchor(anchor), m_changes(changes), m_number(changes)
-    {
-    }
-    bool isOver() const { return !m_anchor || m_changes != m_number; }
-
-private:
-    const QPointer<PopupAnchor> m_anchor;
-    const int &m_changes; // lives with the anchor
-    const int m_number;
-};
 
 } // namespace
 

@@ -1,0 +1,302 @@
+#include "controls/spinboxnumbers_p.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/SpinBoxExPrivate>
+
+#include <limits>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+class tst_SpinBoxExPrivate : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void steps_data();
+    void steps();
+    void everyNumberOfDecimals();
+    void texts_data();
+    void texts();
+    void thereAndBack_data();
+    void thereAndBack();
+    void values();
+    void decimals();
+    void bounds();
+    void parsing();
+    void handlersThatDestroy();
+};
+
+namespace {
+
+const double kInf = std::numeric_limits<double>::infinity();
+const double kMax = std::numeric_limits<double>::max();
+
+// The texts of an object are in the locale that is the default at the time.
+class DefaultLocale
+{
+public:
+    explicit DefaultLocale(const QString &name) { QLocale::setDefault(QLocale(name)); }
+    ~DefaultLocale() { QLocale::setDefault(QLocale::system()); }
+};
+
+bool same(double a, double b)
+{
+    return (qIsNaN(a) && qIsNaN(b)) || a == b || qFuzzyCompare(a, b)
+           || (qAbs(a) < 1e-9 && qAbs(b) < 1e-9);
+}
+
+} // namespace
+
+void tst_SpinBoxExPrivate::steps_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<double>("above");
+    QTest::addColumn<double>("below");
+    QTest::newRow("on the grid") << 1.3 << 1 << 1.4 << 1.2;
+    QTest::newRow("nearer above") << 1.26 << 1 << 1.4 << 1.2;
+    QTest::newRow("nearer below") << 1.24 << 1 << 1.3 << 1.1;
+    QTest::newRow("half to even below") << 2.5 << 0 << 3.0 << 1.0;
+    QTest::newRow("half to even above") << 3.5 << 0 << 5.0 << 3.0;
+    QTest::newRow("half of a quarter") << 0.125 << 2 << 0.13 << 0.11;
+    QTest::newRow("negative half") << -2.5 << 0 << -1.0 << -3.0;
+    QTest::newRow("negative") << -1.26 << 1 << -1.2 << -1.4;
+    QTest::newRow("over zero") << -0.04 << 1 << 0.1 << -0.1;
+    QTest::newRow("ten decimals") << 0.12345678916 << 10 << 0.1234567893 << 0.1234567891;
+    QTest::newRow("million") << 999999.99 << 2 << 1000000.0 << 999999.98;
+    QTest::newRow("finer than a double") << 1e300 << 10 << 1e300 << 1e300;
+    QTest::newRow("largest") << kMax << 0 << kMax << kMax;
+    QTest::newRow("lowest") << -kMax << 0 << -kMax << -kMax;
+    QTest::newRow("NaN") << qQNaN() << 1 << qQNaN() << qQNaN();
+    QTest::newRow("infinite") << kInf << 1 << qQNaN() << qQNaN();
+    QTest::newRow("minus infinite") << -kInf << 1 << qQNaN() << qQNaN();
+}
+
+void tst_SpinBoxExPrivate::steps()
+{
+    QFETCH(double, value);
+    QFETCH(int, decimals);
+    QFETCH(double, above);
+    QFETCH(double, below);
+    SpinBoxExPrivate box;
+    box.setDecimals(decimals);
+    QVERIFY2(same(box.stepUp(value), above),
+             qPrintable(QString::number(box.stepUp(value), 'g', 17)));
+    QVERIFY2(same(box.stepDown(value), below),
+             qPrintable(QString::number(box.stepDown(value), 'g', 17)));
+}
+
+// A walk over the grid, written out, has every digit right at each number of decimals; and a value
+// off the grid lands on it.
+void tst_SpinBoxExPrivate::everyNumberOfDecimals()
+{
+    const QLocale c = QLocale::c();
+    for (int decimals = 0; decimals <= 10; ++decimals) {
+        const double step = std::pow(10, -decimals);
+        const double start = -57 * step;
+        double up = start;
+        double down = -start;
+        for (int i = -56; i <= 57; ++i) {
+            up = numberAbove(up, decimals, kMax);
+            down = numberBelow(down, decimals, -kMax);
+            const double wanted = i * step;
+            QVERIFY2(qAbs(up - wanted) < step / 1e3, qPrintable(QString::number(up, 'g', 17)));
+            QVERIFY2(qAbs(down + wanted) < step / 1e3, qPrintable(QString::number(down, 'g', 17)));
+        }
+        QCOMPARE(numberText(numberAbove(7.3 * step, decimals, kMax), decimals, c),
+                 numberText(8 * step, decimals, c));
+        QCOMPARE(numberText(numberBelow(7.3 * step, decimals, -kMax), decimals, c),
+                 numberText(6 * step, decimals, c));
+        QCOMPARE(numberAbove(57 * step, decimals, 57.5 * step), 57.5 * step);
+        QCOMPARE(numberBelow(57 * step, decimals, 56.5 * step), 56.5 * step);
+    }
+}
+
+void tst_SpinBoxExPrivate::texts_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("number");
+    const auto row = [](const char *locale, const QString &text, double number) {
+        QTest::addRow("%s %s", locale, qUtf8Printable(text))
+            << QString::fromLatin1(locale) << text << number;
+    };
+    const double none = qQNaN();
+    row("en_US", QStringLiteral("1.5"), 1.5);
+    row("en_US", QStringLiteral("-1,234.5"), -1234.5);
+    row("en_US", QStringLiteral(" 12 "), 12);
+    row("en_US", QStringLiteral("1e3"), 1000);
+    row("en_US", QStringLiteral("12 apples"), none);
+    row("en_US", QString(), none);
+    row("en_US", QStringLiteral("nan"), none);
+    row("en_US", QStringLiteral("1e999"), none);
+    row("de_DE", QStringLiteral("1,5"), 1.5);
+    row("de_DE", QStringLiteral("1.5"), 1.5); // as C has it
+    row("de_DE", QStringLiteral("1.500"), 1500);
+    row("de_DE", QStringLiteral("-1.234.567,25"), -1234567.25);
+    row("de_DE", QStringLiteral("1,5,5"), none);
+    row("fr_FR", QStringLiteral("1,5"), 1.5);
+    row("fr_FR", QStringLiteral("1.5"), 1.5);
+    row("fr_FR", QStringLiteral("1\u202f500,5"), 1500.5);
+    row("fr_FR", QStringLiteral("un"), none);
+    row("ar_EG", QStringLiteral("\u0661\u066b\u0665"), 1.5);
+    row("ar_EG", QStringLiteral("1.5"), 1.5);
+    row("ar_EG", QStringLiteral("-2"), -2);
+    row("ar_EG", QStringLiteral("\u0661.5"), none); // half of each
+    row("hi_IN", QStringLiteral("1.5"), 1.5);
+    row("hi_IN", QStringLiteral("1,23,456.5"), 123456.5);
+    row("hi_IN", QStringLiteral("\u0915"), none);
+}
+
+void tst_SpinBoxExPrivate::texts()
+{
+    QFETCH(QString, locale);
+    QFETCH(QString, text);
+    QFETCH(double, number);
+    const double parsed = numberOf(text, QLocale(locale));
+    QVERIFY2(same(parsed, number), qPrintable(QString::number(parsed)));
+}
+
+void tst_SpinBoxExPrivate::thereAndBack_data()
+{
+    QTest::addColumn<QString>("thousands");
+    QTest::newRow("en_US") << QStringLiteral("1234567.8");
+    QTest::newRow("de_DE") << QStringLiteral("1234567,8");
+    QTest::newRow("fr_FR") << QStringLiteral("1234567,8");
+    QTest::newRow("ar_EG") << QStringLiteral(
+        "\u0661\u0662\u0663\u0664\u0665\u0666\u0667\u066b\u0668");
+    QTest::newRow("hi_IN") << QStringLiteral("1234567.8");
+}
+
+// What is shown in a locale is read in it as the same number.
+void tst_SpinBoxExPrivate::thereAndBack()
+{
+    QFETCH(QString, thousands);
+    const DefaultLocale locale(QLatin1String(QTest::currentDataTag()));
+    SpinBoxExPrivate box;
+    QCOMPARE(box.parseNumber(box.displayString()), 0.0);
+    box.setValue(1234567.8);
+    QCOMPARE(box.displayString(), thousands);
+    for (double value : { 1234567.8, -1234567.8, -0.1, 42.0 }) {
+        box.setValue(value);
+        QCOMPARE(box.parseNumber(box.displayString()), value);
+    }
+}
+
+void tst_SpinBoxExPrivate::values()
+{
+    const DefaultLocale german(QStringLiteral("de_DE"));
+    SpinBoxExPrivate box;
+    QCOMPARE(box.displayString(), QStringLiteral("0,0"));
+    SignalLog log;
+    log.watch(&box);
+    const QStringList both = names({ "valueChanged", "displayStringChanged" });
+    const struct
+    {
+        double written;
+        double stored;
+        const char *text;
+        QStringList signalNames;
+    } steps[] = {
+        { qQNaN(), 0, "0,0", {} },
+        { kInf, 0, "0,0", {} },
+        { 1e-13, 0, "0,0", {} },
+        { -1e-12, 0, "0,0", {} },
+        { 1e-11, 1e-11, "0,0", names({ "valueChanged" }) },
+        { 2.24, 2.24, "2,2", both },
+        { 2.24 + 1e-13, 2.24, "2,2", {} },
+        { 2.26, 2.26, "2,3", both },
+        { 1234567, 1234567, "1234567,0", both },
+        { -kInf, 1234567, "1234567,0", {} },
+        { -1e-13, 0, "0,0", both },
+    };
+    for (const auto &step : steps) {
+        box.setValue(step.written);
+        QCOMPARE(box.value(), step.stored);
+        QCOMPARE(box.displayString(), QString::fromLatin1(step.text));
+        QCOMPARE(log.take(), step.signalNames);
+    }
+    box.setMaximum(5);
+    box.setValue(kMax); // only input keeps to the bounds
+    QCOMPARE(box.value(), kMax);
+    QCOMPARE(box.displayString().length(), 309 + 2);
+}
+
+void tst_SpinBoxExPrivate::decimals()
+{
+    const DefaultLocale english(QStringLiteral("en_US"));
+    SpinBoxExPrivate box;
+    QCOMPARE(box.decimals(), 1);
+    box.setValue(1.0 / 3);
+    SignalLog log;
+    log.watch(&box);
+    box.setDecimals(15);
+    QCOMPARE(box.decimals(), 10);
+    QCOMPARE(box.displayString(), QStringLiteral("0.3333333333"));
+    QCOMPARE(log.take(), names({ "decimalsChanged", "displayStringChanged" }));
+    box.setDecimals(11);
+    QCOMPARE(log.take(), QStringList());
+    box.setDecimals(-3);
+    QCOMPARE(box.decimals(), 0);
+    QCOMPARE(box.displayString(), QStringLiteral("0"));
+}
+
+void tst_SpinBoxExPrivate::bounds()
+{
+    SpinBoxExPrivate box;
+    QCOMPARE(box.maximum(), kMax);
+    QCOMPARE(box.minimum(), -kMax);
+    box.setValue(50);
+    SignalLog log;
+    log.watch(&box);
+    box.setMinimum(qQNaN());
+    box.setMinimum(-kInf);
+    box.setMaximum(qQNaN());
+    box.setMaximum(kInf);
+    QCOMPARE(log.take(), QStringList());
+    box.setMaximum(10);
+    box.setMinimum(20);
+    QCOMPARE(box.minimum(), 10.0);
+    box.setMinimum(5);
+    box.setMaximum(-5);
+    QCOMPARE(box.maximum(), 5.0);
+    box.setMaximum(4); // where it is
+    QCOMPARE(log.take(),
+             names({ "maximumChanged", "minimumChanged", "minimumChanged", "maximumChanged" }));
+    QCOMPARE(box.value(), 50.0);
+}
+
+void tst_SpinBoxExPrivate::parsing()
+{
+    const DefaultLocale german(QStringLiteral("de_DE"));
+    SpinBoxExPrivate box;
+    box.setMinimum(0);
+    box.setMaximum(10);
+    QCOMPARE(box.parseNumber(QStringLiteral("12")), 10.0);
+    QCOMPARE(box.parseNumber(QStringLiteral("-1")), 0.0);
+    QCOMPARE(box.parseNumber(QStringLiteral("inf")), 10.0);
+    QCOMPARE(box.parseNumber(QStringLiteral("2,5")), 2.5);
+    QCOMPARE(box.parseNumber(QStringLiteral("2.5")), 2.5);
+    QVERIFY(qIsNaN(box.parseNumber(QStringLiteral("zehn"))));
+    QCOMPARE(box.stepUp(9.96), 10.0);
+    QCOMPARE(box.stepUp(20), 10.0);
+    QCOMPARE(box.stepDown(-3), 0.0);
+    QCOMPARE(box.stepDown(20), 19.9); // each step knows the bound that it goes to
+    QVERIFY(qIsNaN(box.parseNumber(QString(1000000, QLatin1Char('7')))));
+    QCOMPARE(box.parseNumber(QString(1000000, QLatin1Char('0')) + QLatin1Char('3')), 3.0);
+}
+
+void tst_SpinBoxExPrivate::handlersThatDestroy()
+{
+    auto *box = new SpinBoxExPrivate;
+    connect(box, &SpinBoxExPrivate::valueChanged, [&] { delete box; });
+    box->setValue(5);
+    box = new SpinBoxExPrivate;
+    connect(box, &SpinBoxExPrivate::decimalsChanged, [&] { delete box; });
+    box->setDecimals(5);
+}
+
+TAMBER_TEST_MAIN(tst_SpinBoxExPrivate)
+#include "tst_spinboxexprivate.moc"

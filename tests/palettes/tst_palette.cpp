@@ -1,0 +1,285 @@
+#include "palettes.h"
+
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/GlobalDefaultPalette>
+#include <TamberUi/GlobalDefaultPaletteProvider>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+class tst_Palette : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void defaultPalette();
+    void refusals();
+    void edits();
+    void editsFromQml();
+    void placesOfSwatches();
+    void signalOrder();
+    void setOfColors();
+    void swatchesGo();
+    void handlersThatDestroy();
+    void providers();
+};
+
+namespace {
+
+const QStringList kSignals { QStringLiteral("swatchesChanged"), QStringLiteral("colorsChanged") };
+
+} // namespace
+
+void tst_Palette::defaultPalette()
+{
+    const GlobalDefaultPaletteProvider provider;
+    const std::unique_ptr<Palette> palette(provider.createPalette());
+    QVERIFY(qobject_cast<GlobalDefaultPalette *>(palette.get()) && !palette->parent());
+    QList<int> counts;
+    uint sum = 0; // of all the values, each weighed with its place
+    int place = 0;
+    const QList<ColorSwatch *> swatches = palette->swatches();
+    for (const ColorSwatch *swatch : swatches) {
+        counts.append(swatch->colors().count());
+        QCOMPARE(swatch->parent(), palette.get());
+        const QList<QColor> colors = swatch->colors();
+        for (const QColor &color : colors) {
+            QVERIFY(color.isValid() && palette->containsColor(color));
+            sum += uint(++place) * (color.rgb() & RGB_MASK);
+        }
+    }
+    QCOMPARE(counts, QList<int>({ 6, 8, 8, 6, 4, 10 }));
+    QCOMPARE(swatches.first()->colors().first(), QColor(0xFF, 0xFF, 0xFF));
+    QCOMPARE(swatches.at(2)->colors().at(6), QColor(0x2B, 0x65, 0xAC));
+    QCOMPARE(swatches.last()->colors().last(), QColor(0x9D, 0x7F, 0x6C));
+    QCOMPARE(sum, 1208226860u);
+    QCOMPARE(palette->sortInfo(), 1);
+    QVERIFY(palette->property("readOnly").toBool());
+    QVERIFY(palette->name().isEmpty() && palette->icon().isEmpty() && !palette->isEmpty());
+    QVERIFY(!palette->containsColor(QColor(0x12, 0x34, 0x56)));
+}
+
+void tst_Palette::refusals()
+{
+    const QColor red(Qt::red);
+    GlobalDefaultPalette fixed;
+    EditablePalette editable;
+    auto *plain = new ColorSwatch({ red }, &editable);
+    editable.insertSwatch(plain, 0);
+    editable.add({ red });
+    const QString noSwatch = QStringLiteral("^No swatch with index %1 in this palette$");
+    const struct
+    {
+        std::function<bool()> edit;
+        QString warning;
+    } rows[] = {
+        { [&] { return fixed.insertColor(red); },
+          QStringLiteral("^Cannot add color to read-only palette$") },
+        { [&] { return fixed.setColor(red, 0, 77); },
+          QStringLiteral("^Cannot set color in read-only palette$") },
+        { [&] { return fixed.removeColor(0); },
+          QStringLiteral("^Cannot remove color from read-only palette$") },
+        { [&] { return editable.insertColor(red); },
+          QStringLiteral("^Cannot insert colors into this color swatch$") },
+        { [&] { return editable.setColor(red, 0); },
+          QStringLiteral("^Cannot modify colors in this color swatch$") },
+        { [&] { return editable.removeColor(0); },
+          QStringLiteral("^Cannot remove colors from this color swatch$") },
+        { [&] { return editable.removeColor(0, 5); }, noSwatch.arg(5) },
+        { [&] { return editable.removeColor(0, 2); }, noSwatch.arg(2) },
+        { [&] { return editable.insertColor(red, 0, -1); }, noSwatch.arg(-1) },
+        { [&] { return editable.setColor(red, 0, 3); }, noSwatch.arg(3) },
+    };
+    SignalLog log;
+    for (QObject *object : QObjectList { &fixed, &editable, plain, editable.swatches().last() })
+        log.watch(object, { QStringLiteral("colorsChanged") });
+    for (const auto &row : rows) {
+        expectWarning(row.warning);
+        QVERIFY2(!row.edit(), qPrintable(row.warning));
+    }
+    QCOMPARE(log.take(), QStringList());
+    QCOMPARE(plain->colors(), QList<QColor> { red });
+
+    // On the category of its own, which can be silenced.
+    QLoggingCategory::setFilterRules(QStringLiteral("tamber.ui.palette.warning=false"));
+    QVERIFY(!fixed.insertColor(red));
+    QLoggingCategory::setFilterRules({});
+}
+
+void tst_Palette::edits()
+{
+    EditablePalette palette;
+    auto *first = palette.add(colorList({ "red", "lime" }));
+    auto *second = palette.add({});
+    QVERIFY(palette.insertColor(QColor::fromHsv(240, 255, 255), -1, 1));
+    QCOMPARE(second->colors(), colorList({ "blue" })); // in the RGB spec
+    QVERIFY(palette.setColor(QColor::fromHsl(240, 255, 128), 1));
+    QCOMPARE(first->colors().at(1).spec(), QColor::Rgb);
+    QVERIFY(palette.removeColor(0, 0));
+    QCOMPARE(first->colors().count(), 1);
+    QVERIFY(!palette.removeColor(7, 0)); // the swatch has the last word
+    QVERIFY(palette.insertColor(QColor(), 0)); // no colour at all is one, too
+    QVERIFY(palette.containsColor(QColor()) && !palette.containsColor(Qt::black));
+}
+
+void tst_Palette::editsFromQml()
+{
+    GlobalDefaultPalette fixed;
+    EditablePalette palette;
+    auto *swatch = palette.add(colorList({ "red" }));
+    const auto call = [](QObject *object, const char *method, auto... arguments) {
+        bool result = false;
+        return QMetaObject::invokeMethod(object, method, Q_RETURN_ARG(bool, result), arguments...)
+               && result;
+    };
+    const QColor blue(Qt::blue);
+    expectWarning(QStringLiteral("^Cannot add color to read-only palette$"));
+    QVERIFY(!call(&fixed, "insertColor", Q_ARG(QColor, blue)));
+    QVERIFY(call(&palette, "insertColor", Q_ARG(QColor, blue)));
+    QVERIFY(call(&palette, "setColor", Q_ARG(QColor, blue), Q_ARG(int, 0)));
+    QVERIFY(call(&palette, "removeColor", Q_ARG(int, 0)));
+    QVERIFY(call(swatch, "insertColor", Q_ARG(QColor, blue)));
+    QCOMPARE(swatch->colors(), colorList({ "blue", "blue" }));
+    QVERIFY(call(swatch, "setColor", Q_ARG(QColor, Qt::red), Q_ARG(int, 1)));
+    QVERIFY(call(swatch, "removeColor", Q_ARG(int, 0)));
+    QCOMPARE(swatch->colors(), colorList({ "red" }));
+}
+
+// Indexes count without the swatch that moves; what is no place means the end.
+void tst_Palette::placesOfSwatches()
+{
+    const struct
+    {
+        int which; // 3 is new
+        int index;
+        const char *order;
+    } rows[] = {
+        { 2, 0, "201" },  { 0, 0, "012" },  { 0, 1, "102" },  { 0, 2, "120" },  { 0, 3, "120" },
+        { 1, -1, "021" }, { 3, 0, "3012" }, { 3, 2, "0132" }, { 3, 3, "0123" }, { 3, -7, "0123" },
+    };
+    for (const auto &row : rows) {
+        EditablePalette palette;
+        QList<ColorSwatch *> all;
+        for (int i = 0; i < 3; ++i)
+            all.append(palette.add({ QColor(i, 0, 0) }));
+        all.append(new EditableSwatch(&palette));
+        SignalLog log;
+        log.watch(&palette, kSignals);
+        palette.insertSwatch(all.at(row.which), row.index);
+        QString order;
+        const QList<ColorSwatch *> swatches = palette.swatches();
+        for (ColorSwatch *swatch : swatches)
+            order += QString::number(all.indexOf(swatch));
+        QCOMPARE(order, QLatin1String(row.order));
+        QCOMPARE(log.take(), names({ "swatchesChanged" }));
+        // One that moved is still connected just once.
+        static_cast<EditableSwatch *>(all.at(row.which))->setColors(colorList({ "red" }));
+        QCOMPARE(log.take(), names({ "colorsChanged" }));
+    }
+}
+
+void tst_Palette::signalOrder()
+{
+    EditablePalette palette;
+    SignalLog log;
+    log.watch(&palette, kSignals);
+    palette.insertSwatch(nullptr, 0);
+    palette.removeSwatch(nullptr);
+    EditableSwatch swatch(colorList({ "red", "lime" }));
+    palette.removeSwatch(&swatch);
+    QCOMPARE(log.take(), QStringList());
+    palette.insertSwatch(&swatch, 0);
+    QCOMPARE(log.take(), names({ "swatchesChanged", "colorsChanged" }));
+    QVERIFY(!swatch.parent() && !palette.isEmpty());
+
+    swatch.setColors(colorList({ "lime", "red" }));
+    swatch.setColors(colorList({ "lime", "red", "lime" }));
+    QCOMPARE(log.take(), QStringList()); // the same set
+    swatch.setColors(colorList({ "lime", "blue" }));
+    QCOMPARE(log.take(), names({ "colorsChanged" }));
+    QVERIFY(!palette.containsColor(Qt::red));
+
+    EditableSwatch other(colorList({ "blue" }));
+    palette.insertSwatch(&other, 0);
+    QCOMPARE(log.take(), names({ "swatchesChanged" }));
+    palette.removeSwatch(&swatch);
+    QCOMPARE(log.take(), names({ "swatchesChanged", "colorsChanged" }));
+    swatch.setColors({});
+    QCOMPARE(log.take(), QStringList()); // it is no part any more
+    palette.removeSwatch(&other);
+    QVERIFY(palette.isEmpty() && palette.swatches().isEmpty());
+}
+
+// Alpha and colour spec distinguish members, though not their buckets.
+void tst_Palette::setOfColors()
+{
+    EditablePalette palette;
+    auto *swatch = palette.add({ QColor(10, 20, 30, 40), QColor(10, 20, 30) });
+    SignalLog log;
+    log.watch(&palette, kSignals);
+    QVERIFY(palette.containsColor(QColor(10, 20, 30, 40)));
+    QVERIFY(palette.containsColor(QColor(10, 20, 30)));
+    QVERIFY(!palette.containsColor(QColor(10, 20, 30, 41)));
+    QVERIFY(!palette.containsColor(QColor(10, 20, 30).toHsv()));
+    QVERIFY(swatch->removeColor(0));
+    QCOMPARE(log.take(), names({ "colorsChanged" }));
+    QVERIFY(!palette.containsColor(QColor(10, 20, 30, 40)));
+}
+
+void tst_Palette::swatchesGo()
+{
+    auto palette = std::make_unique<EditablePalette>();
+    EditableSwatch outside(colorList({ "lime" }));
+    auto *inside = palette->add(colorList({ "red" }));
+    palette->insertSwatch(&outside, 0);
+    SignalLog log;
+    log.watch(palette.get(), kSignals);
+    delete inside;
+    QCOMPARE(log.take(), names({ "swatchesChanged", "colorsChanged" }));
+    QCOMPARE(palette->swatches(), QList<ColorSwatch *> { &outside });
+    QVERIFY(palette->setColor(Qt::blue, 0, 0));
+    palette.reset();
+    outside.setColors({}); // nobody listens any more
+    QVERIFY(outside.isEmpty());
+}
+
+// A handler of the one signal or of the other destroys the palette, while a swatch comes, is taken
+// out, or is destroyed.
+void tst_Palette::handlersThatDestroy()
+{
+    for (auto signal : { &Palette::swatchesChanged, &Palette::colorsChanged }) {
+        for (const char *way : { "insert", "remove", "destroy" }) {
+            const bool insert = qstrcmp(way, "insert") == 0;
+            QPointer<EditablePalette> palette = new EditablePalette;
+            auto swatch = std::make_unique<EditableSwatch>(colorList({ "red" }));
+            if (!insert)
+                palette->insertSwatch(swatch.get(), 0);
+            connect(palette, signal, this, [&palette] { delete palette; });
+            if (insert)
+                palette->insertSwatch(swatch.get(), 0);
+            else if (qstrcmp(way, "remove") == 0)
+                palette->removeSwatch(swatch.get());
+            swatch.reset();
+            QVERIFY(!palette);
+        }
+    }
+}
+
+void tst_Palette::providers()
+{
+    const QList<const PaletteProvider *> before = Palette::providers();
+    auto first = std::make_unique<Provider>([] { return nullptr; });
+    Provider second([] { return nullptr; });
+    QCOMPARE(Palette::providers(),
+             before + QList<const PaletteProvider *>({ first.get(), &second }));
+    first.reset();
+    QCOMPARE(Palette::providers(), before + QList<const PaletteProvider *> { &second });
+    EditablePalette a(1);
+    EditablePalette b(2);
+    QVERIFY(paletteLessThan(&a, &b) && !paletteLessThan(&b, &a) && !paletteLessThan(&a, &a));
+}
+
+TAMBER_TEST_MAIN(tst_Palette)
+#include "tst_palette.moc"
