@@ -7,6 +7,8 @@
 #include <TamberUi/Colors>
 #include <TamberUi/ContextMenu>
 #include <TamberUi/DefaultSlider>
+#include <TamberUi/DragHandle>
+#include <TamberUi/DragZone>
 #include <TamberUi/DropHandler>
 #include <TamberUi/DropZone>
 #include <TamberUi/FileDropHandler>
@@ -76,6 +78,8 @@ void registerPublic(const char *uri)
                                             QStringLiteral("Swatches belong to a palette"));
     qmlRegisterType<ContextMenu>(uri, major, minor, "UiContextMenu");
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterType<DragHandle>(uri, major, minor, "UiDragHandle");
+    qmlRegisterType<DragZone>(uri, major, minor, "UiDragZone");
     qmlRegisterUncreatableType<DropHandler>(uri, major, minor, "UiDropHandler", baseOnly);
     qmlRegisterType<DropZone>(uri, major, minor, "UiDropZone");
     qmlRegisterType<FileDropHandler>(uri, major, minor, "UiFileDropHandler");
