@@ -27,9 +27,17 @@ Page {
     }
 
     function take(card, column, title, source, modifiers) {
+        if (!card.title) {
+            note(title, qsTr("Something that is no card"), modifiers)
+            return
+        }
         const own = source && cards.some(other => other.id === card.id)
         const moves = own && !(modifiers & Qt.ControlModifier)
-        const arrived = Object.assign({}, card, { column: column, id: moves ? card.id : lastId + 1 })
+        const arrived = Object.assign({}, card, {
+            column: column,
+            id: moves ? card.id : lastId + 1,
+            ink: UiColors[card.ink] === undefined ? "MediumGrey33" : card.ink
+        })
         if (!moves)
             ++lastId
         cards = cards.filter(other => other.id !== arrived.id).concat([arrived])

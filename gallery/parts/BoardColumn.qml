@@ -18,7 +18,7 @@ Item {
 
     signal dropped(var card, var source, int modifiers)
 
-    height: 64 + 3 * 64
+    height: 40 + 3 * 64
 
     Rectangle {
         anchors.fill: parent
@@ -94,7 +94,6 @@ Item {
                 MouseArea {
                     anchors.fill: parent
                     cursorShape: Qt.OpenHandCursor
-                    preventStealing: false
                 }
             }
         }

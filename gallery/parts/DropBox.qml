@@ -21,7 +21,7 @@ Item {
 
     signal dropped(var data, int modifiers)
 
-    height: 176
+    height: 144
 
     Rectangle {
         anchors.fill: parent

@@ -136,7 +136,8 @@ void Gallery::resize(const QSize &size, const QString &moved)
 bool Gallery::arrange(const QRect &geometry, const QString &inside)
 {
     input({ QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--onlyvisible"),
-            QStringLiteral("--pid"), QString::number(m_process.processId()),
+            QStringLiteral("--all"), QStringLiteral("--pid"),
+            QString::number(m_process.processId()), QStringLiteral("--class"), QStringLiteral("."),
             QStringLiteral("windowsize"), QString::number(geometry.width()),
             QString::number(geometry.height()), QStringLiteral("windowmove"),
             QString::number(geometry.x()), QString::number(geometry.y()) });
