@@ -118,6 +118,7 @@ void registerPublic(const char *uri)
              "UiHorizontalSeparator",
              "UiInfoTip",
              "UiLoadIndicator",
+             "UiMessageBox",
              "UiPushButton",
              "UiSlider",
              "UiText",

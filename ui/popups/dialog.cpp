@@ -17,6 +17,8 @@ SharedComponent DialogPrivate::m_sharedHostComponent("qrc:/ui/components/UiDialo
 SharedComponent DialogPrivate::m_sharedHeaderComponent("qrc:/ui/components/UiDialogHeader.qml");
 SharedComponent DialogPrivate::m_sharedFooterComponent("qrc:/ui/components/UiDialogFooter.qml");
 QVector<DialogPrivate *> DialogPrivate::s_shown;
+int DialogPrivate::s_creations = 0;
+QVector<QPointer<Dialog>> DialogPrivate::s_waiting;
 
 namespace {
 
@@ -146,6 +148,7 @@ QQuickItem *DialogPrivate::createHost()
     const QPointer<Dialog> guard(q);
     const bool hadParent = hostParent;
     ++locks;
+    ++s_creations;
     const QPointer<QObject> created = createObject(
         component,
         [this](QObject *object) {
@@ -158,6 +161,7 @@ QQuickItem *DialogPrivate::createHost()
             QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
         },
         qmlContext(q));
+    --s_creations;
     if (!guard)
         return nullptr;
     --locks;
@@ -591,8 +595,18 @@ bool Dialog::preventAutoScroll() const
 
 void Dialog::show()
 {
-    if (!d->host && d->locks == 0)
-        d->open();
+    if (d->host || d->locks > 0)
+        return;
+    if (DialogPrivate::s_creations > 0) {
+        DialogPrivate::s_waiting.append(this);
+        return;
+    }
+    d->open();
+    while (!DialogPrivate::s_waiting.isEmpty()) {
+        const QPointer<Dialog> next = DialogPrivate::s_waiting.takeFirst();
+        if (next)
+            next->show();
+    }
 }
 
 void Dialog::reject()

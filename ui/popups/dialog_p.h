@@ -84,6 +84,11 @@ public:
     static SharedComponent m_sharedFooterComponent;
     // The dialogs that are shown, in no order that counts. GUI thread only.
     static QVector<DialogPrivate *> s_shown;
+    // How many dialogs are making their items, and which ones were asked to open meanwhile: a
+    // component makes one object at a time, and the last one to open is the top of the stack. GUI
+    // thread only.
+    static int s_creations;
+    static QVector<QPointer<Dialog>> s_waiting;
 };
 
 } // namespace ta::ui
