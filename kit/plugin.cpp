@@ -88,6 +88,8 @@ void registerPublic(const char *uri)
 
     for (const char *control : {
              "UiCheckBox",
+             "UiColorButton",
+             "UiColorPicker",
              "UiComboBox",
              "UiHorizontalSeparator",
              "UiInfoTip",
