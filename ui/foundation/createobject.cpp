@@ -42,4 +42,10 @@ QObject *createObject(QQmlComponent *component, const std::function<void(QObject
     return object;
 }
 
+QQmlContext *creationContext(const QQmlComponent *component, const QObject *user)
+{
+    QQmlContext *context = component->creationContext();
+    return context ? context : qmlContext(user);
+}
+
 } // namespace ta::ui

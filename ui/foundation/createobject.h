@@ -20,4 +20,8 @@ namespace ta::ui {
 QObject *createObject(QQmlComponent *component, const std::function<void(QObject *)> &prepare,
                       QQmlContext *context = nullptr);
 
+/// Where \a component was declared, or, where it was made in C++, where \a user was: the context
+/// that an object which \a user shows is created in. Null where there is neither.
+QQmlContext *creationContext(const QQmlComponent *component, const QObject *user);
+
 } // namespace ta::ui
