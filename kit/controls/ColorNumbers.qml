@@ -31,15 +31,15 @@ Row {
             id: entry
 
             readonly property int component: index
-            readonly property int top: component === 3 ? 100 : 255
+            readonly property int limit: component === 3 ? 100 : 255
             readonly property int value: {
                 const color = root.picker.color
-                return Math.round([color.r, color.g, color.b, color.a][component] * top)
+                return Math.round([color.r, color.g, color.b, color.a][component] * limit)
             }
 
             function enter(number) {
                 if (!isNaN(number) && (number !== value || root.picker.indeterminate))
-                    root.pick(component, Math.max(0, Math.min(top, number)))
+                    root.pick(component, Math.max(0, Math.min(limit, number)))
             }
 
             width: Math.floor((root.width - 36) / 4)
@@ -67,7 +67,7 @@ Row {
                 text: root.picker.indeterminate ? "" : entry.value
                 validator: IntValidator {
                     bottom: 0
-                    top: entry.top
+                    top: entry.limit
                 }
 
                 Accessible.name: modelData.name

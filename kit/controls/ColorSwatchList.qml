@@ -59,11 +59,11 @@ Column {
 
             Item {
                 width: parent.width
-                height: buttons.visible ? 32 : 20
-                visible: entry.palette.name !== "" || buttons.visible
+                height: buttons.active ? 32 : 20
+                visible: entry.palette.name !== "" || buttons.active
 
                 UiText {
-                    width: parent.width - (buttons.visible ? buttons.width + 8 : 0)
+                    width: parent.width - (buttons.active ? buttons.width + 8 : 0)
                     height: parent.height
                     color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
                     elide: Text.ElideRight
@@ -71,30 +71,32 @@ Column {
                     text: entry.palette.name
                 }
 
-                Row {
+                Loader {
                     id: buttons
 
                     anchors.right: parent.right
-                    visible: root.picker.editable && !entry.palette.readOnly
+                    active: root.picker.editable && !entry.palette.readOnly
 
-                    UiToolButton {
-                        enabled: !root.picker.indeterminate && !entry.chosen
-                        iconName: "add"
-                        objectName: "addColorButton"
-                        style: Ui.IconOnly
-                        text: qsTr("Add the colour")
+                    sourceComponent: Row {
+                        UiToolButton {
+                            enabled: !root.picker.indeterminate && !entry.chosen
+                            iconName: "add"
+                            objectName: "addColorButton"
+                            style: Ui.IconOnly
+                            text: qsTr("Add the colour")
 
-                        onClicked: entry.palette.insertColor(root.picker.color)
-                    }
+                            onClicked: entry.palette.insertColor(root.picker.color)
+                        }
 
-                    UiToolButton {
-                        enabled: entry.chosen !== null
-                        iconName: "remove"
-                        objectName: "removeColorButton"
-                        style: Ui.IconOnly
-                        text: qsTr("Remove the colour")
+                        UiToolButton {
+                            enabled: entry.chosen !== null
+                            iconName: "remove"
+                            objectName: "removeColorButton"
+                            style: Ui.IconOnly
+                            text: qsTr("Remove the colour")
 
-                        onClicked: entry.palette.removeColor(entry.chosen.colorIndex, entry.chosen.swatchIndex)
+                            onClicked: entry.palette.removeColor(entry.chosen.colorIndex, entry.chosen.swatchIndex)
+                        }
                     }
                 }
             }
