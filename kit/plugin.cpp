@@ -1,10 +1,14 @@
 #include "plugin.h"
 
+#include <TamberUi/AbstractMenuItem>
 #include <TamberUi/Border>
 #include <TamberUi/CheckerBoard>
 #include <TamberUi/ColorSwatch>
 #include <TamberUi/Colors>
+#include <TamberUi/ContextMenu>
 #include <TamberUi/DefaultSlider>
+#include <TamberUi/DragHandle>
+#include <TamberUi/DragZone>
 #include <TamberUi/DropHandler>
 #include <TamberUi/DropZone>
 #include <TamberUi/FileDropHandler>
@@ -14,6 +18,8 @@
 #include <TamberUi/ImageDropHandler>
 #include <TamberUi/JsonMimeData>
 #include <TamberUi/Logging>
+#include <TamberUi/MenuItem>
+#include <TamberUi/MenuSeparator>
 #include <TamberUi/MimeData>
 #include <TamberUi/MimeDropHandler>
 #include <TamberUi/Module>
@@ -66,11 +72,15 @@ void registerPublic(const char *uri)
     qmlRegisterSingletonType<Fonts>(uri, major, minor, "UiFonts", createNames<Fonts>);
     qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
                                    QStringLiteral("Ui only has enumerations"));
+    qmlRegisterUncreatableType<AbstractMenuItem>(uri, major, minor, "UiAbstractMenuItem", baseOnly);
     qmlRegisterType<Border>(uri, major, minor, "UiBorder");
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
     qmlRegisterUncreatableType<ColorSwatch>(uri, major, minor, "UiColorSwatch",
                                             QStringLiteral("Swatches belong to a palette"));
+    qmlRegisterType<ContextMenu>(uri, major, minor, "UiContextMenu");
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterType<DragHandle>(uri, major, minor, "UiDragHandle");
+    qmlRegisterType<DragZone>(uri, major, minor, "UiDragZone");
     qmlRegisterUncreatableType<DropHandler>(uri, major, minor, "UiDropHandler", baseOnly);
     qmlRegisterType<DropZone>(uri, major, minor, "UiDropZone");
     qmlRegisterType<FileDropHandler>(uri, major, minor, "UiFileDropHandler");
@@ -78,6 +88,8 @@ void registerPublic(const char *uri)
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<ImageDropHandler>(uri, major, minor, "UiImageDropHandler");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
+    qmlRegisterType<MenuItem>(uri, major, minor, "UiMenuItem");
+    qmlRegisterType<MenuSeparator>(uri, major, minor, "UiMenuSeparator");
     qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData", baseOnly);
     qmlRegisterType<MimeDropHandler>(uri, major, minor, "UiMimeDropHandler");
     qmlRegisterUncreatableType<Palette>(uri, major, minor, "UiPalette",

@@ -1,0 +1,55 @@
+#include "dragloop_p.h"
+
+#include <QtCore/QMimeData>
+#include <QtGui/QDrag>
+
+namespace ta::ui {
+
+DragLoop::DragLoop(QObject *source) : m_drag(new QDrag(source)) {}
+
+DragLoop::~DragLoop()
+{
+    if (m_drag)
+        m_drag->deleteLater(); // the platform may still be busy with it
+}
+
+void DragLoop::setPayload(std::unique_ptr<QMimeData> payload)
+{
+    if (m_drag)
+        m_drag->setMimeData(payload.release());
+}
+
+void DragLoop::endWith(const QObject *object)
+{
+    if (object)
+        QObject::connect(object, &QObject::destroyed, &m_context, [this] { cancel(); });
+}
+
+void DragLoop::exec()
+{
+    if (!m_drag || m_cancelled)
+        return;
+    m_running = true;
+    m_drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::MoveAction);
+    m_running = false;
+}
+
+void DragLoop::cancel()
+{
+    m_cancelled = true;
+    if (!m_running)
+        return;
+    QDrag::cancel();
+    // The platform may have called us before its loop runs, and then it has not heard that.
+    QMetaObject::invokeMethod(
+        &m_context, [] { QDrag::cancel(); }, Qt::QueuedConnection);
+}
+
+void DragLoop::abandon()
+{
+    if (m_drag)
+        m_drag->setParent(nullptr);
+    cancel();
+}
+
+} // namespace ta::ui
