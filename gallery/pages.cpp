@@ -19,6 +19,7 @@ constexpr Page kPages[] = {
     { "buttons", "Buttons", "Buttons.qml" },
     { "sliders", "Sliders", "Sliders.qml" },
     { "popups", "Popups", "Popups.qml" },
+    { "drag-and-drop", "Drag and drop", "DragAndDrop.qml" },
     { "lists-and-scrolling", "Lists and scrolling", "ListsAndScrolling.qml" },
     { "icons", "Icons", "Icons.qml" },
     { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },
