@@ -1,6 +1,7 @@
 #include "trace.h"
 
 #include <TamberUi/ButtonBase>
+#include <TamberUi/LineEditBase>
 #include <TamberUi/PopupAnchor>
 
 #include <cstdio>
@@ -119,6 +120,8 @@ void Trace::follow(QQuickItem *item)
 {
     if (auto *button = qobject_cast<ButtonBase *>(item)) {
         connect(button, &ButtonBase::clicked, this, &Trace::tellClick, Qt::UniqueConnection);
+    } else if (auto *edit = qobject_cast<LineEditBase *>(item)) {
+        connect(edit, &LineEditBase::textChanged, this, &Trace::tellText, Qt::UniqueConnection);
     } else if (auto *anchor = qobject_cast<PopupAnchor *>(item)) {
         connect(anchor, &PopupAnchor::popupVisibleChanged, this, &Trace::tellPopup,
                 Qt::UniqueConnection);
@@ -144,4 +147,10 @@ void Trace::tellPopup()
 void Trace::tellClick()
 {
     tell(QLatin1String("clicked ") + sender()->objectName());
+}
+
+void Trace::tellText()
+{
+    const auto *edit = qobject_cast<LineEditBase *>(sender());
+    tell(QLatin1String("text ") + edit->objectName() + QLatin1Char(' ') + edit->text());
 }

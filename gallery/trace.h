@@ -19,6 +19,7 @@
     \li \c{focus NAME}: the active focus went to another item; \c - where it is nowhere
     \li \c{popup open NAME}, \c{popup closed NAME}: of a popup anchor
     \li \c{clicked NAME}: of a button
+    \li \c{text NAME TEXT}: of a line edit that holds another text
     \endlist
 
     Only items with an object name are told of, and none that is transparent or clipped away; a part
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void tellFocus();
     void tellPopup();
     void tellClick();
+    void tellText();
 
 private:
     void frameShown(const QString &page);

@@ -41,6 +41,8 @@ public:
     void clickAt(const QPoint &position, Button button = Left);
     /// A key or a combination under its X name, for instance "shift+Tab".
     void key(const char *name);
+    /// The keys of the characters of \a text, one after the other.
+    void type(const char *text);
 
     /// Gives the window another size, and waits until the item \a moved has followed.
     void resize(const QSize &size, const QString &moved);
