@@ -21,6 +21,7 @@ constexpr Page kPages[] = {
     { "text-and-numbers", "Text and numbers", "TextAndNumbers.qml" },
     { "dates", "Dates", "Dates.qml" },
     { "popups", "Popups", "Popups.qml" },
+    { "drag-and-drop", "Drag and drop", "DragAndDrop.qml" },
     { "icons", "Icons", "Icons.qml" },
     { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },
     { "thumbnails", "Thumbnails", "Thumbnails.qml" },

@@ -1,8 +1,14 @@
 #include "trace.h"
 
 #include <TamberUi/ButtonBase>
+#include <TamberUi/DropZone>
 #include <TamberUi/LineEditBase>
 #include <TamberUi/PopupAnchor>
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QUrl>
 
 #include <cstdio>
 
@@ -125,6 +131,10 @@ void Trace::follow(QQuickItem *item)
     } else if (auto *anchor = qobject_cast<PopupAnchor *>(item)) {
         connect(anchor, &PopupAnchor::popupVisibleChanged, this, &Trace::tellPopup,
                 Qt::UniqueConnection);
+    } else if (auto *zone = qobject_cast<DropZone *>(item)) {
+        connect(zone, &DropZone::dragEnter, this, &Trace::tellDragOver, Qt::UniqueConnection);
+        connect(zone, &DropZone::dragExit, this, &Trace::tellDragOff, Qt::UniqueConnection);
+        connect(zone, &DropZone::drop, this, &Trace::tellDrop, Qt::UniqueConnection);
     }
 }
 
@@ -153,4 +163,26 @@ void Trace::tellText()
 {
     const auto *edit = qobject_cast<LineEditBase *>(sender());
     tell(QLatin1String("text ") + edit->objectName() + QLatin1Char(' ') + edit->text());
+}
+
+void Trace::tellDragOver()
+{
+    tell(QLatin1String("drag over ") + sender()->objectName());
+}
+
+void Trace::tellDragOff()
+{
+    tell(QLatin1String("drag off ") + sender()->objectName());
+}
+
+void Trace::tellDrop(const QVariant &value, Qt::KeyboardModifiers keys)
+{
+    const QJsonDocument document(
+        value.userType() == QMetaType::QJsonObject
+            ? QJsonDocument(value.toJsonObject())
+            : QJsonDocument(QJsonArray::fromVariantList(value.value<QVariantList>())));
+    tell(QStringLiteral("dropped %1 %2 %3")
+             .arg(sender()->objectName())
+             .arg(int(keys))
+             .arg(QString::fromUtf8(document.toJson(QJsonDocument::Compact))));
 }
