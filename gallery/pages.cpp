@@ -18,6 +18,8 @@ constexpr Page kPages[] = {
     { "colours-and-fonts", "Colours and fonts", "ColoursAndFonts.qml" },
     { "buttons", "Buttons", "Buttons.qml" },
     { "sliders", "Sliders", "Sliders.qml" },
+    { "text-and-numbers", "Text and numbers", "TextAndNumbers.qml" },
+    { "dates", "Dates", "Dates.qml" },
     { "popups", "Popups", "Popups.qml" },
     { "drag-and-drop", "Drag and drop", "DragAndDrop.qml" },
     { "lists-and-scrolling", "Lists and scrolling", "ListsAndScrolling.qml" },

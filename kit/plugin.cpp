@@ -101,13 +101,17 @@ void registerPublic(const char *uri)
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
+             "UiCalendar",
              "UiCheckBox",
              "UiComboBox",
+             "UiDateField",
              "UiHorizontalSeparator",
              "UiInfoTip",
+             "UiLineEdit",
              "UiLoadIndicator",
              "UiPushButton",
              "UiSlider",
+             "UiSpinBox",
              "UiText",
              "UiToolButton",
          }) {
