@@ -22,6 +22,8 @@ constexpr Page kPages[] = {
     { "dates", "Dates", "Dates.qml" },
     { "colour", "Colour", "Colour.qml" },
     { "popups", "Popups", "Popups.qml" },
+    { "drag-and-drop", "Drag and drop", "DragAndDrop.qml" },
+    { "lists-and-scrolling", "Lists and scrolling", "ListsAndScrolling.qml" },
     { "icons", "Icons", "Icons.qml" },
     { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },
     { "thumbnails", "Thumbnails", "Thumbnails.qml" },

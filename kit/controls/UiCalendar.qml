@@ -247,7 +247,7 @@ FocusScope {
                 height: root.cellHeight
                 border.color: UiColors.getColor(highlighted ? UiColors.FocusColor : UiColors.DarkBlueGrey)
                 border.width: highlighted ? 2 : root.same(day, root.today) ? 1 : 0
-                color: !root.enabled ? UiColors.getColor(UiColors.White, 0)
+                color: !root.enabled ? UiColors.getColor(UiColors.DisabledLightGrey13, chosen ? 1 : 0)
                      : chosen || hovered && area.pressed ? UiColors.getColor(UiColors.SelectionGreen)
                      : hovered ? UiColors.getColor(UiColors.HoverGreen)
                      : UiColors.getColor(UiColors.White, 0)

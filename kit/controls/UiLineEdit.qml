@@ -54,7 +54,7 @@ UiLineEditBase {
                                        : root.hovered ? UiColors.DarkBlueGrey
                                        : UiColors.MediumLightGrey27)
         border.width: 1
-        color: UiColors.getColor(root.enabled ? UiColors.White : UiColors.HeaderGrey4)
+        color: UiColors.getColor(root.enabled && !root.readOnly ? UiColors.White : UiColors.HeaderGrey4)
         radius: 3
     }
 

@@ -147,8 +147,10 @@ FocusScope {
             offset: 1
             source: "qrc:/ui/images/spinbox-arrow-up.png"
 
-            onStepped: root.step(1)
-            onPressedChanged: if (pressed) field.forceActiveFocus(Qt.MouseFocusReason)
+            onStepped: {
+                field.forceActiveFocus(Qt.MouseFocusReason)
+                root.step(1)
+            }
         }
 
         SpinBoxArrow {
@@ -160,8 +162,10 @@ FocusScope {
             offset: -1
             source: "qrc:/ui/images/spinbox-arrow-down.png"
 
-            onStepped: root.step(-1)
-            onPressedChanged: if (pressed) field.forceActiveFocus(Qt.MouseFocusReason)
+            onStepped: {
+                field.forceActiveFocus(Qt.MouseFocusReason)
+                root.step(-1)
+            }
         }
     }
 

@@ -368,6 +368,8 @@ void tst_KitText::spinBoxArrows()
     click(scene.window(), center(down));
     QCOMPARE(value(scene, "value").toDouble(), 4.0);
     QVERIFY(scene.find<LineEditBase>("controlField")->textInput()->hasActiveFocus());
+    QTest::keyClick(scene.window(), '4'); // in the place of all that is there
+    QCOMPARE(shownText(scene), QStringLiteral("4"));
     press(scene.window(), center(up));
     QCOMPARE(value(scene, "value").toDouble(), 5.0);
     QTRY_COMPARE(value(scene, "value").toDouble(), 8.0);
