@@ -32,6 +32,7 @@
 #include <TamberUi/Tooltip>
 #include <TamberUi/TooltipAgent>
 #include <TamberUi/Ui>
+#include <TamberUi/VerticalScrollView>
 #include <TamberUi/VideoDropHandler>
 
 #include <QtCore/QCoreApplication>
@@ -110,17 +111,24 @@ void registerPublic(const char *uri)
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
     qmlRegisterType<Tooltip>(uri, major, minor, "UiTooltip");
     qmlRegisterType<TooltipAgent>(uri, major, minor, "UiTooltipAgent");
+    qmlRegisterType<VerticalScrollView>(uri, major, minor, "UiVerticalScrollView");
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
+             "UiCalendar",
              "UiCheckBox",
+             "UiColorButton",
+             "UiColorPicker",
              "UiComboBox",
+             "UiDateField",
              "UiHorizontalSeparator",
              "UiInfoTip",
+             "UiLineEdit",
              "UiLoadIndicator",
              "UiMessageBox",
              "UiPushButton",
              "UiSlider",
+             "UiSpinBox",
              "UiText",
              "UiToolButton",
          }) {
