@@ -22,6 +22,7 @@ constexpr Page kPages[] = {
     { "dates", "Dates", "Dates.qml" },
     { "colour", "Colour", "Colour.qml" },
     { "popups", "Popups", "Popups.qml" },
+    { "dialogs", "Dialogs", "Dialogs.qml" },
     { "drag-and-drop", "Drag and drop", "DragAndDrop.qml" },
     { "lists-and-scrolling", "Lists and scrolling", "ListsAndScrolling.qml" },
     { "icons", "Icons", "Icons.qml" },
