@@ -13,6 +13,7 @@
 #include <TamberUi/Icon>
 #include <TamberUi/ImageDropHandler>
 #include <TamberUi/JsonMimeData>
+#include <TamberUi/Loader>
 #include <TamberUi/Logging>
 #include <TamberUi/MimeData>
 #include <TamberUi/MimeDropHandler>
@@ -77,6 +78,7 @@ void registerPublic(const char *uri)
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<ImageDropHandler>(uri, major, minor, "UiImageDropHandler");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
+    qmlRegisterType<Loader>(uri, major, minor, "UiLoader");
     qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData", baseOnly);
     qmlRegisterType<MimeDropHandler>(uri, major, minor, "UiMimeDropHandler");
     qmlRegisterUncreatableType<Palette>(uri, major, minor, "UiPalette",
