@@ -6,9 +6,11 @@ namespace bench {
 
 // One function per bench_<theme>.cpp; main() puts their rows into one table.
 Rows buttonRows();
+Rows delegateRows();
 Rows popupRows();
 Rows sceneGraphRows();
 Rows sliderRows();
 Rows thumbnailRows();
+Rows tooltipRows();
 
 } // namespace bench

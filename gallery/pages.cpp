@@ -19,6 +19,8 @@ constexpr Page kPages[] = {
     { "buttons", "Buttons", "Buttons.qml" },
     { "sliders", "Sliders", "Sliders.qml" },
     { "popups", "Popups", "Popups.qml" },
+    { "tooltips", "Tooltips", "Tooltips.qml" },
+    { "loading", "Loading", "Loading.qml" },
     { "icons", "Icons", "Icons.qml" },
     { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },
     { "thumbnails", "Thumbnails", "Thumbnails.qml" },

@@ -91,9 +91,12 @@ void registerPublic(const char *uri)
     for (const char *control : {
              "UiCheckBox",
              "UiComboBox",
+             "UiGroup",
              "UiHorizontalSeparator",
              "UiInfoTip",
+             "UiListDelegate",
              "UiLoadIndicator",
+             "UiProgressBar",
              "UiPushButton",
              "UiSlider",
              "UiText",
