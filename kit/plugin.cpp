@@ -1,10 +1,14 @@
 #include "plugin.h"
 
+#include <TamberUi/AbstractMenuItem>
 #include <TamberUi/Border>
 #include <TamberUi/CheckerBoard>
 #include <TamberUi/ColorSwatch>
 #include <TamberUi/Colors>
+#include <TamberUi/ContextMenu>
 #include <TamberUi/DefaultSlider>
+#include <TamberUi/DragHandle>
+#include <TamberUi/DragZone>
 #include <TamberUi/DropHandler>
 #include <TamberUi/DropZone>
 #include <TamberUi/FileDropHandler>
@@ -15,6 +19,8 @@
 #include <TamberUi/JsonMimeData>
 #include <TamberUi/Loader>
 #include <TamberUi/Logging>
+#include <TamberUi/MenuItem>
+#include <TamberUi/MenuSeparator>
 #include <TamberUi/MimeData>
 #include <TamberUi/MimeDropHandler>
 #include <TamberUi/Module>
@@ -23,6 +29,7 @@
 #include <TamberUi/Tooltip>
 #include <TamberUi/TooltipAgent>
 #include <TamberUi/Ui>
+#include <TamberUi/VerticalScrollView>
 #include <TamberUi/VideoDropHandler>
 
 #include <QtGui/QFont>
@@ -66,11 +73,15 @@ void registerPublic(const char *uri)
     qmlRegisterSingletonType<Fonts>(uri, major, minor, "UiFonts", createNames<Fonts>);
     qmlRegisterUncreatableType<Ui>(uri, major, minor, "Ui",
                                    QStringLiteral("Ui only has enumerations"));
+    qmlRegisterUncreatableType<AbstractMenuItem>(uri, major, minor, "UiAbstractMenuItem", baseOnly);
     qmlRegisterType<Border>(uri, major, minor, "UiBorder");
     qmlRegisterType<CheckerBoard>(uri, major, minor, "UiCheckerBoard");
     qmlRegisterUncreatableType<ColorSwatch>(uri, major, minor, "UiColorSwatch",
                                             QStringLiteral("Swatches belong to a palette"));
+    qmlRegisterType<ContextMenu>(uri, major, minor, "UiContextMenu");
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterType<DragHandle>(uri, major, minor, "UiDragHandle");
+    qmlRegisterType<DragZone>(uri, major, minor, "UiDragZone");
     qmlRegisterUncreatableType<DropHandler>(uri, major, minor, "UiDropHandler", baseOnly);
     qmlRegisterType<DropZone>(uri, major, minor, "UiDropZone");
     qmlRegisterType<FileDropHandler>(uri, major, minor, "UiFileDropHandler");
@@ -79,6 +90,8 @@ void registerPublic(const char *uri)
     qmlRegisterType<ImageDropHandler>(uri, major, minor, "UiImageDropHandler");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
     qmlRegisterType<Loader>(uri, major, minor, "UiLoader");
+    qmlRegisterType<MenuItem>(uri, major, minor, "UiMenuItem");
+    qmlRegisterType<MenuSeparator>(uri, major, minor, "UiMenuSeparator");
     qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData", baseOnly);
     qmlRegisterType<MimeDropHandler>(uri, major, minor, "UiMimeDropHandler");
     qmlRegisterUncreatableType<Palette>(uri, major, minor, "UiPalette",
@@ -86,19 +99,24 @@ void registerPublic(const char *uri)
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
     qmlRegisterType<Tooltip>(uri, major, minor, "UiTooltip");
     qmlRegisterType<TooltipAgent>(uri, major, minor, "UiTooltipAgent");
+    qmlRegisterType<VerticalScrollView>(uri, major, minor, "UiVerticalScrollView");
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
+             "UiCalendar",
              "UiCheckBox",
              "UiComboBox",
+             "UiDateField",
              "UiGroup",
              "UiHorizontalSeparator",
              "UiInfoTip",
+             "UiLineEdit",
              "UiListDelegate",
              "UiLoadIndicator",
              "UiProgressBar",
              "UiPushButton",
              "UiSlider",
+             "UiSpinBox",
              "UiText",
              "UiToolButton",
          }) {

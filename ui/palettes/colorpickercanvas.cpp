@@ -182,8 +182,7 @@ void ColorPickerCanvas::itemChange(ItemChange change, const ItemChangeData &data
         d->createPreview(data.window);
 }
 
-// Hides the preview meanwhile: it is not part of what can be picked. Such a picture is rendered
-// apart from the frames on the screen, so nobody sees it go.
+// Hides the preview meanwhile: it is not part of what can be picked.
 void ColorPickerCanvas::updateRender()
 {
     if (!d->picking || !window())
