@@ -18,7 +18,7 @@ UiDelegateBase {
 
     implicitWidth: label.x + Math.ceil(label.implicitWidth) + 12
     implicitHeight: 28
-    __color: active ? UiColors.getColor(defocused ? UiColors.PublishToggleInactive
+    __color: active ? UiColors.getColor(defocused ? UiColors.InactiveSelectionGreen
                                        : pressed ? UiColors.DarkerSelectionGreen
                                        : UiColors.SelectionGreen)
            : pressed ? UiColors.getColor(UiColors.SelectionGreen)
