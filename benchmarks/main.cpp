@@ -55,9 +55,9 @@ int main(int argc, char **argv)
         return 2;
 
     ta::ui::register_private();
-    const bench::Rows rows = bench::buttonRows() + bench::popupRows() + bench::sliderRows()
-                             + bench::sceneGraphRows() + bench::thumbnailRows()
-                             + bench::delegateRows() + bench::tooltipRows();
+    const bench::Rows rows = bench::buttonRows() + bench::delegateRows() + bench::paletteRows()
+                             + bench::popupRows() + bench::sliderRows() + bench::sceneGraphRows()
+                             + bench::thumbnailRows() + bench::tooltipRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

@@ -20,6 +20,7 @@ constexpr Page kPages[] = {
     { "sliders", "Sliders", "Sliders.qml" },
     { "text-and-numbers", "Text and numbers", "TextAndNumbers.qml" },
     { "dates", "Dates", "Dates.qml" },
+    { "colour", "Colour", "Colour.qml" },
     { "popups", "Popups", "Popups.qml" },
     { "tooltips", "Tooltips", "Tooltips.qml" },
     { "loading", "Loading", "Loading.qml" },
