@@ -19,6 +19,7 @@ constexpr Page kPages[] = {
     { "buttons", "Buttons", "Buttons.qml" },
     { "sliders", "Sliders", "Sliders.qml" },
     { "popups", "Popups", "Popups.qml" },
+    { "menus", "Menus", "Menus.qml" },
     { "icons", "Icons", "Icons.qml" },
     { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },
     { "thumbnails", "Thumbnails", "Thumbnails.qml" },

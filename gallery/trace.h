@@ -18,7 +18,9 @@
     \li \c{gone NAME}: the item can no longer be seen
     \li \c{focus NAME}: the active focus went to another item; \c - where it is nowhere
     \li \c{popup open NAME}, \c{popup closed NAME}: of a popup anchor
+    \li \c{menu open NAME}, \c{menu closed NAME}: of a context menu
     \li \c{clicked NAME}: of a button
+    \li \c{triggered NAME}: of a menu's entry, whose item goes by its name
     \endlist
 
     Only items with an object name are told of, and none that is transparent or clipped away; a part
@@ -45,7 +47,9 @@ private Q_SLOTS:
     void scan();
     void tellFocus();
     void tellPopup();
+    void tellMenu();
     void tellClick();
+    void tellTriggered();
 
 private:
     void frameShown(const QString &page);
