@@ -35,7 +35,7 @@ Item {
     UiIcon {
         x: root.width - 24
         y: 8
-        iconName: "locked"
+        iconName: "access-read"
         iconSize: UiIcon.Icon_16x16
         visible: root.locked
     }
