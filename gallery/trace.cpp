@@ -2,8 +2,15 @@
 
 #include <TamberUi/ButtonBase>
 #include <TamberUi/ContextMenu>
+#include <TamberUi/DropZone>
+#include <TamberUi/LineEditBase>
 #include <TamberUi/MenuItem>
 #include <TamberUi/PopupAnchor>
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QUrl>
 
 #include <cstdio>
 
@@ -135,11 +142,17 @@ void Trace::follow(QQuickItem *item)
 {
     if (auto *button = qobject_cast<ButtonBase *>(item)) {
         connect(button, &ButtonBase::clicked, this, &Trace::tellClick, Qt::UniqueConnection);
+    } else if (auto *edit = qobject_cast<LineEditBase *>(item)) {
+        connect(edit, &LineEditBase::textChanged, this, &Trace::tellText, Qt::UniqueConnection);
     } else if (auto *anchor = qobject_cast<PopupAnchor *>(item)) {
         connect(anchor, &PopupAnchor::popupVisibleChanged, this, &Trace::tellPopup,
                 Qt::UniqueConnection);
     } else if (auto *entry = qobject_cast<MenuItem *>(entryOf(item))) {
         connect(entry, &MenuItem::triggered, this, &Trace::tellTriggered, Qt::UniqueConnection);
+    } else if (auto *zone = qobject_cast<DropZone *>(item)) {
+        connect(zone, &DropZone::dragEnter, this, &Trace::tellDragOver, Qt::UniqueConnection);
+        connect(zone, &DropZone::dragExit, this, &Trace::tellDragOff, Qt::UniqueConnection);
+        connect(zone, &DropZone::drop, this, &Trace::tellDrop, Qt::UniqueConnection);
     }
     const auto menus = item->findChildren<ContextMenu *>(QString(), Qt::FindDirectChildrenOnly);
     for (ContextMenu *menu : menus)
@@ -177,4 +190,32 @@ void Trace::tellClick()
 void Trace::tellTriggered()
 {
     tell(QLatin1String("triggered ") + sender()->objectName());
+}
+
+void Trace::tellText()
+{
+    const auto *edit = qobject_cast<LineEditBase *>(sender());
+    tell(QLatin1String("text ") + edit->objectName() + QLatin1Char(' ') + edit->text());
+}
+
+void Trace::tellDragOver()
+{
+    tell(QLatin1String("drag over ") + sender()->objectName());
+}
+
+void Trace::tellDragOff()
+{
+    tell(QLatin1String("drag off ") + sender()->objectName());
+}
+
+void Trace::tellDrop(const QVariant &value, Qt::KeyboardModifiers keys)
+{
+    const QJsonDocument document(
+        value.userType() == QMetaType::QJsonObject
+            ? QJsonDocument(value.toJsonObject())
+            : QJsonDocument(QJsonArray::fromVariantList(value.value<QVariantList>())));
+    tell(QStringLiteral("dropped %1 %2 %3")
+             .arg(sender()->objectName())
+             .arg(int(keys))
+             .arg(QString::fromUtf8(document.toJson(QJsonDocument::Compact))));
 }

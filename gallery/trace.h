@@ -21,6 +21,9 @@
     \li \c{menu open NAME}, \c{menu closed NAME}: of a context menu
     \li \c{clicked NAME}: of a button
     \li \c{triggered NAME}: of a menu's entry, whose item goes by its name
+    \li \c{text NAME TEXT}: of a line edit that holds another text
+    \li \c{drag over NAME}, \c{drag off NAME}: of a drop zone that takes what is dragged
+    \li \c{dropped NAME KEYS VALUE}: the keys as a number of Qt, the value as JSON
     \endlist
 
     Only items with an object name are told of, and none that is transparent or clipped away; a part
@@ -50,6 +53,10 @@ private Q_SLOTS:
     void tellMenu();
     void tellClick();
     void tellTriggered();
+    void tellText();
+    void tellDragOver();
+    void tellDragOff();
+    void tellDrop(const QVariant &value, Qt::KeyboardModifiers keys);
 
 private:
     void frameShown(const QString &page);
