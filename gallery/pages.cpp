@@ -18,6 +18,7 @@ constexpr Page kPages[] = {
     { "colours-and-fonts", "Colours and fonts", "ColoursAndFonts.qml" },
     { "buttons", "Buttons", "Buttons.qml" },
     { "sliders", "Sliders", "Sliders.qml" },
+    { "split-views", "Split views", "SplitViews.qml" },
     { "popups", "Popups", "Popups.qml" },
     { "icons", "Icons", "Icons.qml" },
     { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },

@@ -106,6 +106,7 @@ void registerPublic(const char *uri)
              "UiLoadIndicator",
              "UiPushButton",
              "UiSlider",
+             "UiSplitter",
              "UiText",
              "UiToolButton",
          }) {
