@@ -20,6 +20,7 @@ constexpr Page kPages[] = {
     { "sliders", "Sliders", "Sliders.qml" },
     { "split-views", "Split views", "SplitViews.qml" },
     { "popups", "Popups", "Popups.qml" },
+    { "drag-and-drop", "Drag and drop", "DragAndDrop.qml" },
     { "icons", "Icons", "Icons.qml" },
     { "borders-and-boards", "Borders and boards", "BordersAndBoards.qml" },
     { "thumbnails", "Thumbnails", "Thumbnails.qml" },

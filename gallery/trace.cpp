@@ -1,7 +1,13 @@
 #include "trace.h"
 
 #include <TamberUi/ButtonBase>
+#include <TamberUi/DropZone>
 #include <TamberUi/PopupAnchor>
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QUrl>
 
 #include <cstdio>
 
@@ -122,6 +128,10 @@ void Trace::follow(QQuickItem *item)
     } else if (auto *anchor = qobject_cast<PopupAnchor *>(item)) {
         connect(anchor, &PopupAnchor::popupVisibleChanged, this, &Trace::tellPopup,
                 Qt::UniqueConnection);
+    } else if (auto *zone = qobject_cast<DropZone *>(item)) {
+        connect(zone, &DropZone::dragEnter, this, &Trace::tellDragOver, Qt::UniqueConnection);
+        connect(zone, &DropZone::dragExit, this, &Trace::tellDragOff, Qt::UniqueConnection);
+        connect(zone, &DropZone::drop, this, &Trace::tellDrop, Qt::UniqueConnection);
     }
 }
 
@@ -144,4 +154,26 @@ void Trace::tellPopup()
 void Trace::tellClick()
 {
     tell(QLatin1String("clicked ") + sender()->objectName());
+}
+
+void Trace::tellDragOver()
+{
+    tell(QLatin1String("drag over ") + sender()->objectName());
+}
+
+void Trace::tellDragOff()
+{
+    tell(QLatin1String("drag off ") + sender()->objectName());
+}
+
+void Trace::tellDrop(const QVariant &value, Qt::KeyboardModifiers keys)
+{
+    const QJsonDocument document(
+        value.userType() == QMetaType::QJsonObject
+            ? QJsonDocument(value.toJsonObject())
+            : QJsonDocument(QJsonArray::fromVariantList(value.value<QVariantList>())));
+    tell(QStringLiteral("dropped %1 %2 %3")
+             .arg(sender()->objectName())
+             .arg(int(keys))
+             .arg(QString::fromUtf8(document.toJson(QJsonDocument::Compact))));
 }

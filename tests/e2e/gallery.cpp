@@ -24,14 +24,18 @@ QStringList moveTo(const QPoint &position)
 } // namespace
 
 Gallery::Gallery(const QStringList &arguments)
+    : Gallery(QStringLiteral(TAMBERUI_GALLERY), arguments)
+{
+}
+
+Gallery::Gallery(const QString &program, const QStringList &arguments)
 {
     // What the graphics driver keeps cannot be told from leaks of ours once it is unloaded.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(TAMBERUI_GALLERY),
-                    QStringList { QStringLiteral("--trace") } + arguments);
+    m_process.start(program, QStringList { QStringLiteral("--trace") } + arguments);
 }
 
 Gallery::~Gallery()
@@ -51,15 +55,7 @@ QStringList Gallery::pages()
 
 bool Gallery::says(const QString &line)
 {
-    const auto arrived = [&] {
-        read();
-        const int index = m_lines.indexOf(line, m_position);
-        if (index < 0)
-            return false;
-        m_position = index + 1;
-        return true;
-    };
-    const bool found = QTest::qWaitFor(arrived, kPatience);
+    const bool found = QTest::qWaitFor([&] { return hasSaid(line); }, kPatience);
     if (!found)
         qWarning("The gallery never said \"%s\"; it said: %s", qPrintable(line),
                  qPrintable(m_lines.mid(m_position).join(QLatin1String(", "))));
@@ -137,10 +133,68 @@ void Gallery::resize(const QSize &size, const QString &moved)
         qWarning("The item \"%s\" has not followed the window's size", qPrintable(moved));
 }
 
+bool Gallery::arrange(const QRect &geometry, const QString &inside)
+{
+    input({ QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--onlyvisible"),
+            QStringLiteral("--all"), QStringLiteral("--pid"),
+            QString::number(m_process.processId()), QStringLiteral("--class"), QStringLiteral("."),
+            QStringLiteral("windowsize"), QString::number(geometry.width()),
+            QString::number(geometry.height()), QStringLiteral("windowmove"),
+            QString::number(geometry.x()), QString::number(geometry.y()) });
+    return QTest::qWaitFor([&] { return geometry.contains(area(inside)); }, kPatience);
+}
+
+void Gallery::drag(const QString &name)
+{
+    const QPoint start = place(name);
+    input(moveTo(start) + QStringList { QStringLiteral("mousedown"), QStringLiteral("1") });
+    for (int distance = 0; distance <= 40; distance += 10)
+        input(moveTo(start + QPoint(distance, 0)));
+}
+
+bool Gallery::dragTo(const QPoint &position, const QString &line)
+{
+    int step = 0;
+    const bool found = QTest::qWaitFor(
+        [&] {
+            input(moveTo(position + QPoint(++step % 2, 0)));
+            return hasSaid(line);
+        },
+        kPatience);
+    if (!found)
+        qWarning("Nothing said \"%s\"", qPrintable(line));
+    return found;
+}
+
+void Gallery::release()
+{
+    input({ QStringLiteral("mouseup"), QStringLiteral("1") });
+}
+
+void Gallery::keyDown(const char *name)
+{
+    input({ QStringLiteral("keydown"), QString::fromLatin1(name) });
+}
+
+void Gallery::keyUp(const char *name)
+{
+    input({ QStringLiteral("keyup"), QString::fromLatin1(name) });
+}
+
 bool Gallery::endsWell()
 {
     return (m_process.state() == QProcess::NotRunning || m_process.waitForFinished(kPatience))
            && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+}
+
+bool Gallery::hasSaid(const QString &line)
+{
+    read();
+    const int index = m_lines.indexOf(line, m_position);
+    if (index < 0)
+        return false;
+    m_position = index + 1;
+    return true;
 }
 
 void Gallery::read()

@@ -18,6 +18,8 @@ public:
     enum Button : int { Left = 1, Right = 3 }; ///< as the X server counts them
 
     explicit Gallery(const QStringList &arguments);
+    /// Another \a program that traces itself in the same way.
+    Gallery(const QString &program, const QStringList &arguments);
     ~Gallery();
 
     /// The names of all pages, in their order.
@@ -42,13 +44,26 @@ public:
     /// A key or a combination under its X name, for instance "shift+Tab".
     void key(const char *name);
 
+    /// Puts the window there, and waits until the item \a inside has followed.
+    bool arrange(const QRect &geometry, const QString &inside);
     /// Gives the window another size, and waits until the item \a moved has followed.
     void resize(const QSize &size, const QString &moved);
+
+    /// Holds the left button down on the item's middle, and goes on to where a drag begins.
+    void drag(const QString &name);
+    /// Goes on with the drag to \a position; stays in motion there, as a hand does, until the trace
+    /// says \a line.
+    bool dragTo(const QPoint &position, const QString &line);
+    static void release();
+    /// Of the keys that are held together with others, such as "shift".
+    static void keyDown(const char *name);
+    static void keyUp(const char *name);
 
     /// Whether the process ends by itself with the exit code 0.
     bool endsWell();
 
 private:
+    bool hasSaid(const QString &line);
     void read();
 
     QProcess m_process;

@@ -200,7 +200,7 @@ void tst_ContextMenu::entries()
     menu->setItemStyle(ContextMenu::OnlyText);
     rename->setVisible(true);
     open(scene);
-    QCOMPARE(frame(menu)->height(), 2 * 32 + 5 + 6.0);
+    QTRY_COMPARE(frame(menu)->height(), 2 * 32 + 5 + 6.0);
 }
 
 // Entries of one kind share their delegate for as long as one of them lives.

@@ -1,5 +1,6 @@
 #include "dragloop_p.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QMimeData>
 #include <QtGui/QDrag>
 
@@ -10,7 +11,7 @@ DragLoop::DragLoop(QObject *source) : m_drag(new QDrag(source)) {}
 DragLoop::~DragLoop()
 {
     if (m_drag)
-        m_drag->deleteLater(); // the platform may still be busy with it
+        m_drag->deleteLater();
 }
 
 void DragLoop::setPayload(std::unique_ptr<QMimeData> payload)
@@ -29,7 +30,14 @@ void DragLoop::exec()
 {
     if (!m_drag || m_cancelled)
         return;
-    m_drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::MoveAction);
+    const Qt::DropAction action = m_drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction,
+                                               Qt::MoveAction);
+    // A target in another process asks for the payload only now. The platform deletes the drag once
+    // it has been told that the target is done, and the source may be gone before that.
+    if (m_drag && action != Qt::IgnoreAction) {
+        m_drag->setParent(QCoreApplication::instance());
+        m_drag.clear();
+    }
 }
 
 // Not at once: in the middle of a move the platform would set its cursor once more afterwards, and
