@@ -2,6 +2,7 @@
 
 #include <TamberUi/ButtonBase>
 #include <TamberUi/DropZone>
+#include <TamberUi/LineEditBase>
 #include <TamberUi/PopupAnchor>
 
 #include <QtCore/QJsonArray>
@@ -125,6 +126,8 @@ void Trace::follow(QQuickItem *item)
 {
     if (auto *button = qobject_cast<ButtonBase *>(item)) {
         connect(button, &ButtonBase::clicked, this, &Trace::tellClick, Qt::UniqueConnection);
+    } else if (auto *edit = qobject_cast<LineEditBase *>(item)) {
+        connect(edit, &LineEditBase::textChanged, this, &Trace::tellText, Qt::UniqueConnection);
     } else if (auto *anchor = qobject_cast<PopupAnchor *>(item)) {
         connect(anchor, &PopupAnchor::popupVisibleChanged, this, &Trace::tellPopup,
                 Qt::UniqueConnection);
@@ -154,6 +157,12 @@ void Trace::tellPopup()
 void Trace::tellClick()
 {
     tell(QLatin1String("clicked ") + sender()->objectName());
+}
+
+void Trace::tellText()
+{
+    const auto *edit = qobject_cast<LineEditBase *>(sender());
+    tell(QLatin1String("text ") + edit->objectName() + QLatin1Char(' ') + edit->text());
 }
 
 void Trace::tellDragOver()

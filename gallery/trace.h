@@ -19,6 +19,9 @@
     \li \c{focus NAME}: the active focus went to another item; \c - where it is nowhere
     \li \c{popup open NAME}, \c{popup closed NAME}: of a popup anchor
     \li \c{clicked NAME}: of a button
+    \li \c{text NAME TEXT}: of a line edit that holds another text
+}
+
     \li \c{drag over NAME}, \c{drag off NAME}: of a drop zone that takes what is dragged
     \li \c{dropped NAME KEYS VALUE}: the keys as a number of Qt, the value as JSON
     \endlist
@@ -48,6 +51,7 @@ private Q_SLOTS:
     void tellFocus();
     void tellPopup();
     void tellClick();
+    void tellText();
     void tellDragOver();
     void tellDragOff();
     void tellDrop(const QVariant &value, Qt::KeyboardModifiers keys);

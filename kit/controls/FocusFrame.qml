@@ -1,4 +1,5 @@
-// Frames its parent while that has the active focus, unless a press of the pointer brought it there.
+// Frames its parent while that has the active focus, unless a press of the pointer brought it there;
+// what has no "pressed", as it is typed in, is always framed.
 // Part of the kit's own controls.
 import QtQuick 2.15
 import QtQuick.Window 2.15
@@ -25,7 +26,7 @@ Rectangle {
     // A window that is left takes the focus along and brings it back as it was.
     onFocusedChanged: {
         if (focused && !windowLeft)
-            pointed = control.pressed
+            pointed = control.pressed === true
         windowLeft = !focused && !root.Window.active
     }
 }

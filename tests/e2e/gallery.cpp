@@ -118,6 +118,11 @@ void Gallery::key(const char *name)
     input({ QStringLiteral("key"), QString::fromLatin1(name) });
 }
 
+void Gallery::type(const char *text)
+{
+    input({ QStringLiteral("type"), QString::fromLatin1(text) });
+}
+
 void Gallery::resize(const QSize &size, const QString &moved)
 {
     const QRect before = m_places.value(moved);

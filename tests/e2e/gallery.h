@@ -43,6 +43,8 @@ public:
     void clickAt(const QPoint &position, Button button = Left);
     /// A key or a combination under its X name, for instance "shift+Tab".
     void key(const char *name);
+    /// The keys of the characters of \a text, one after the other.
+    void type(const char *text);
 
     /// Puts the window there, and waits until the item \a inside has followed.
     bool arrange(const QRect &geometry, const QString &inside);

@@ -1,0 +1,161 @@
+// Calendars, and fields that drop one down.
+import QtQuick 2.15
+import tamber.Ui 1.0
+import tamber.Ui.Private 1.0
+import "../parts"
+
+Page {
+    id: root
+
+    property string activity: qsTr("Choose a day, or walk through the days with the arrow keys.")
+
+    readonly property var locale: Qt.locale()
+    readonly property int columns: contentWidth < 720 ? 2 : 3
+    readonly property int fieldWidth: Math.floor((contentWidth - 48 - 24 * (columns - 1)) / columns)
+
+    function told(day) {
+        activity = qsTr("Chosen: %1").arg(day.toLocaleDateString(locale, Locale.LongFormat))
+    }
+
+    title: qsTr("Dates")
+    summary: qsTr("Weeks begin on Monday and are numbered as in ISO 8601, wherever you are; names and digits are those of your language.")
+
+    footer: StatusLine {
+        text: root.activity
+    }
+
+    Card {
+        title: qsTr("Date field")
+        summary: qsTr("Space, Return, Down and F4 open the calendar, Escape closes it.")
+
+        Grid {
+            columnSpacing: 24
+            columns: root.columns
+            rowSpacing: 20
+
+            Labelled {
+                text: qsTr("Departure")
+
+                UiDateField {
+                    width: root.fieldWidth
+                    date: new Date(2026, 10, 23)
+                    objectName: "departureField"
+
+                    onActivated: root.told(day)
+                }
+            }
+
+            Labelled {
+                text: qsTr("Return, in full")
+
+                UiDateField {
+                    width: root.fieldWidth
+                    format: Locale.LongFormat
+                    objectName: "returnField"
+                    placeholder: qsTr("Choose a day")
+
+                    onActivated: root.told(day)
+                }
+            }
+
+            Labelled {
+                text: qsTr("Disabled")
+
+                UiDateField {
+                    width: root.fieldWidth
+                    date: new Date(2026, 10, 23)
+                    enabled: false
+                }
+            }
+        }
+    }
+
+    Card {
+        title: qsTr("Calendar")
+        summary: qsTr("Page Up and Page Down turn the month, with Shift the year. Home and End go to its ends.")
+
+        Row {
+            spacing: 24
+
+            Repeater {
+                model: 2
+
+                Rectangle {
+                    width: calendar.width + 2
+                    height: calendar.height + 2
+                    border.color: UiColors.getColor(UiColors.ProgressbarBGGrey)
+                    border.width: 1
+                    radius: 3
+
+                    UiCalendar {
+                        id: calendar
+
+                        x: 1
+                        y: 1
+                        width: implicitWidth
+                        height: implicitHeight
+                        date: new Date(2026, 10, 23)
+                        enabled: index === 0
+                        objectName: index === 0 ? "calendar" : ""
+
+                        onActivated: root.told(day)
+                    }
+                }
+            }
+        }
+    }
+
+    Card {
+        title: qsTr("A look of your own")
+        summary: qsTr("The days come from the calendar information alone; what is drawn here is a year of them.")
+
+        Grid {
+            columnSpacing: Math.floor((root.contentWidth - 48 - 4 * 154) / 3)
+            columns: 4
+            rowSpacing: 20
+
+            Repeater {
+                model: 12
+
+                Column {
+                    id: month
+
+                    readonly property int number: index
+                    readonly property var days: info.days
+
+                    spacing: 4
+
+                    UiCalendarInfo {
+                        id: info
+
+                        date: new Date(2026, month.number, 1)
+                    }
+
+                    UiText {
+                        font: UiFonts.getFont(UiFonts.SemiBold, 12)
+                        text: root.locale.standaloneMonthName(month.number)
+                    }
+
+                    Grid {
+                        columns: 7
+
+                        Repeater {
+                            model: 42
+
+                            UiText {
+                                readonly property date day: month.days[index]
+
+                                width: 22
+                                height: 16
+                                color: UiColors.getColor(index % 7 > 4 ? UiColors.WarningRed : UiColors.DarkGrey80)
+                                font: UiFonts.getFont(UiFonts.Regular, 11)
+                                horizontalAlignment: Text.AlignHCenter
+                                text: day.getUTCMonth() === month.number ? day.getUTCDate().toLocaleString(root.locale, "f", 0) : ""
+                            }
+                        }
+                    }
+                }
+            }
+        }
+    }
+}

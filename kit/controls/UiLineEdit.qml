@@ -1,0 +1,104 @@
+// A line of text to edit.
+//
+// text: what was committed. The user commits by leaving the field.
+// placeHolderText: shown while nothing is typed.
+// typedText: what the field shows, committed or not.
+// validator, inputMask, maximumLength, echoMode, readOnly, inputMethodHints, horizontalAlignment: see
+//     TextInput.
+// error: marks the field as wrong. False by default.
+// invalid: whether it is marked, for that reason or because the validator does not accept what is
+//     typed. An empty field is not marked by the validator.
+// leftInset, rightInset: room for what a control puts beside the text. 0 by default.
+// bindable, empty, hovered, textInput, selectAll(), editText(), updateRequested(newValue),
+//     editingFinished(), returnPressed(): see UiLineEditBase.
+// Keys: Return and Enter end the edit, Escape goes back to what was committed.
+import QtQuick 2.15
+import tamber.Ui 1.0
+import tamber.Ui.Private 1.0
+
+UiLineEditBase {
+    id: root
+
+    property alias echoMode: input.echoMode
+    property bool error: false
+    property alias horizontalAlignment: input.horizontalAlignment
+    property alias inputMask: input.inputMask
+    property alias inputMethodHints: input.inputMethodHints
+    property int leftInset: 0
+    property alias maximumLength: input.maximumLength
+    property alias readOnly: input.readOnly
+    property int rightInset: 0
+    property alias validator: input.validator
+
+    readonly property alias typedText: input.text
+    readonly property bool invalid: error || (input.length > 0 && !input.acceptableInput)
+
+    implicitWidth: 200
+    implicitHeight: 32
+    textInput: input
+
+    Accessible.role: Accessible.EditableText
+    Accessible.name: placeHolderText
+    Accessible.editable: !readOnly
+    Accessible.readOnly: readOnly
+    Accessible.passwordEdit: echoMode !== TextInput.Normal
+    Accessible.focusable: true
+
+    // The text may have come before the item that shows it.
+    onTextInputChanged: if (textInput === input) input.text = text
+
+    Rectangle {
+        anchors.fill: parent
+        border.color: UiColors.getColor(!root.enabled ? UiColors.DisabledLightGrey13
+                                       : root.invalid ? UiColors.WarningRed
+                                       : root.hovered ? UiColors.DarkBlueGrey
+                                       : UiColors.MediumLightGrey27)
+        border.width: 1
+        color: UiColors.getColor(root.enabled && !root.readOnly ? UiColors.White : UiColors.HeaderGrey4)
+        radius: 3
+    }
+
+    // A press beside the text is one on its nearest end.
+    MouseArea {
+        anchors.fill: parent
+
+        onPositionChanged: input.moveCursorSelection(input.positionAt(mouse.x - input.x))
+        onPressed: {
+            input.forceActiveFocus(Qt.MouseFocusReason)
+            input.cursorPosition = input.positionAt(mouse.x - input.x)
+        }
+    }
+
+    UiText {
+        anchors.fill: input
+        color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
+        elide: Text.ElideRight
+        horizontalAlignment: input.effectiveHorizontalAlignment
+        text: root.placeHolderText
+        visible: input.displayText === ""
+
+        Accessible.ignored: true
+    }
+
+    TextInput {
+        id: input
+
+        anchors.fill: parent
+        anchors.leftMargin: 12 + root.leftInset
+        anchors.rightMargin: 12 + root.rightInset
+        activeFocusOnTab: true
+        clip: true
+        color: UiColors.getColor(root.enabled ? UiColors.DarkGrey80 : UiColors.MediumGrey33)
+        font: UiFonts.getFont(UiFonts.Regular, 14)
+        maximumLength: 0x7fffffff // the text is the host's, and none of it is cut off
+        selectByMouse: true
+        selectedTextColor: UiColors.getColor(UiColors.Black)
+        selectionColor: UiColors.getColor(UiColors.SelectionGreen)
+        verticalAlignment: TextInput.AlignVCenter
+
+        // A long text that the host writes is seen from its beginning.
+        onTextChanged: if (!activeFocus) cursorPosition = 0
+    }
+
+    FocusFrame {}
+}
