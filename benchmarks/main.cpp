@@ -55,8 +55,8 @@ int main(int argc, char **argv)
         return 2;
 
     ta::ui::register_private();
-    const bench::Rows rows = bench::buttonRows() + bench::dragRows() + bench::popupRows()
-                             + bench::sliderRows() + bench::sceneGraphRows()
+    const bench::Rows rows = bench::buttonRows() + bench::dragRows() + bench::paletteRows()
+                             + bench::popupRows() + bench::sliderRows() + bench::sceneGraphRows()
                              + bench::thumbnailRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);

@@ -21,6 +21,7 @@ constexpr Page kPages[] = {
     { "split-views", "Split views", "SplitViews.qml" },
     { "text-and-numbers", "Text and numbers", "TextAndNumbers.qml" },
     { "dates", "Dates", "Dates.qml" },
+    { "colour", "Colour", "Colour.qml" },
     { "popups", "Popups", "Popups.qml" },
     { "drag-and-drop", "Drag and drop", "DragAndDrop.qml" },
     { "lists-and-scrolling", "Lists and scrolling", "ListsAndScrolling.qml" },

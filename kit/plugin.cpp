@@ -103,6 +103,8 @@ void registerPublic(const char *uri)
     for (const char *control : {
              "UiCalendar",
              "UiCheckBox",
+             "UiColorButton",
+             "UiColorPicker",
              "UiComboBox",
              "UiDateField",
              "UiHorizontalSeparator",
