@@ -56,6 +56,7 @@ int main(int argc, char **argv)
 
     ta::ui::register_private();
     const bench::Rows rows = bench::buttonRows() + bench::menuRows() + bench::paletteRows()
+    const bench::Rows rows = bench::buttonRows() + bench::dragRows() + bench::paletteRows()
                              + bench::popupRows() + bench::sliderRows() + bench::sceneGraphRows()
                              + bench::thumbnailRows();
     bench::Stage stage;

@@ -18,6 +18,7 @@ constexpr Page kPages[] = {
     { "colours-and-fonts", "Colours and fonts", "ColoursAndFonts.qml" },
     { "buttons", "Buttons", "Buttons.qml" },
     { "sliders", "Sliders", "Sliders.qml" },
+    { "split-views", "Split views", "SplitViews.qml" },
     { "text-and-numbers", "Text and numbers", "TextAndNumbers.qml" },
     { "dates", "Dates", "Dates.qml" },
     { "colour", "Colour", "Colour.qml" },

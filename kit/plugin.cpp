@@ -114,6 +114,7 @@ void registerPublic(const char *uri)
              "UiPushButton",
              "UiSlider",
              "UiSpinBox",
+             "UiSplitter",
              "UiText",
              "UiToolButton",
          }) {
