@@ -59,6 +59,9 @@ int main(int argc, char **argv)
     const bench::Rows rows = bench::buttonRows() + bench::dragRows() + bench::paletteRows()
                              + bench::popupRows() + bench::sliderRows() + bench::sceneGraphRows()
                              + bench::thumbnailRows();
+    const bench::Rows rows = bench::buttonRows() + bench::popupRows() + bench::sliderRows()
+                             + bench::sceneGraphRows() + bench::thumbnailRows()
+                             + bench::delegateRows() + bench::tooltipRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

@@ -9,9 +9,11 @@ Rows buttonRows();
 Rows menuRows();
 Rows dragRows();
 Rows paletteRows();
+Rows delegateRows();
 Rows popupRows();
 Rows sceneGraphRows();
 Rows sliderRows();
 Rows thumbnailRows();
+Rows tooltipRows();
 
 } // namespace bench

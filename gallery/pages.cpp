@@ -24,6 +24,8 @@ constexpr Page kPages[] = {
     { "colour", "Colour", "Colour.qml" },
     { "popups", "Popups", "Popups.qml" },
     { "menus", "Menus", "Menus.qml" },
+    { "tooltips", "Tooltips", "Tooltips.qml" },
+    { "loading", "Loading", "Loading.qml" },
     { "drag-and-drop", "Drag and drop", "DragAndDrop.qml" },
     { "lists-and-scrolling", "Lists and scrolling", "ListsAndScrolling.qml" },
     { "icons", "Icons", "Icons.qml" },

@@ -17,6 +17,7 @@
 #include <TamberUi/Icon>
 #include <TamberUi/ImageDropHandler>
 #include <TamberUi/JsonMimeData>
+#include <TamberUi/Loader>
 #include <TamberUi/Logging>
 #include <TamberUi/MenuItem>
 #include <TamberUi/MenuSeparator>
@@ -88,6 +89,7 @@ void registerPublic(const char *uri)
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<ImageDropHandler>(uri, major, minor, "UiImageDropHandler");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
+    qmlRegisterType<Loader>(uri, major, minor, "UiLoader");
     qmlRegisterType<MenuItem>(uri, major, minor, "UiMenuItem");
     qmlRegisterType<MenuSeparator>(uri, major, minor, "UiMenuSeparator");
     qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData", baseOnly);
@@ -107,10 +109,13 @@ void registerPublic(const char *uri)
              "UiColorPicker",
              "UiComboBox",
              "UiDateField",
+             "UiGroup",
              "UiHorizontalSeparator",
              "UiInfoTip",
              "UiLineEdit",
+             "UiListDelegate",
              "UiLoadIndicator",
+             "UiProgressBar",
              "UiPushButton",
              "UiSlider",
              "UiSpinBox",
