@@ -1,6 +1,7 @@
 #include "trace.h"
 
 #include <TamberUi/ButtonBase>
+#include <TamberUi/DragZone>
 #include <TamberUi/DropZone>
 #include <TamberUi/LineEditBase>
 #include <TamberUi/PopupAnchor>
@@ -131,6 +132,9 @@ void Trace::follow(QQuickItem *item)
     } else if (auto *anchor = qobject_cast<PopupAnchor *>(item)) {
         connect(anchor, &PopupAnchor::popupVisibleChanged, this, &Trace::tellPopup,
                 Qt::UniqueConnection);
+    } else if (auto *source = qobject_cast<DragZone *>(item)) {
+        connect(source, &DragZone::dragStarted, this, &Trace::tellDragBegin, Qt::UniqueConnection);
+        connect(source, &DragZone::dragEnded, this, &Trace::tellDragEnd, Qt::UniqueConnection);
     } else if (auto *zone = qobject_cast<DropZone *>(item)) {
         connect(zone, &DropZone::dragEnter, this, &Trace::tellDragOver, Qt::UniqueConnection);
         connect(zone, &DropZone::dragExit, this, &Trace::tellDragOff, Qt::UniqueConnection);
@@ -163,6 +167,16 @@ void Trace::tellText()
 {
     const auto *edit = qobject_cast<LineEditBase *>(sender());
     tell(QLatin1String("text ") + edit->objectName() + QLatin1Char(' ') + edit->text());
+}
+
+void Trace::tellDragBegin()
+{
+    tell(QLatin1String("drag begins ") + sender()->objectName());
+}
+
+void Trace::tellDragEnd()
+{
+    tell(QLatin1String("drag ends ") + sender()->objectName());
 }
 
 void Trace::tellDragOver()

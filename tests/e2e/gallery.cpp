@@ -149,12 +149,13 @@ bool Gallery::arrange(const QRect &geometry, const QString &inside)
     return QTest::qWaitFor([&] { return geometry.contains(area(inside)); }, kPatience);
 }
 
-void Gallery::drag(const QString &name)
+bool Gallery::drag(const QString &name)
 {
     const QPoint start = place(name);
     input(moveTo(start) + QStringList { QStringLiteral("mousedown"), QStringLiteral("1") });
-    for (int distance = 0; distance <= 40; distance += 10)
+    for (int distance = 10; distance <= 40; distance += 10)
         input(moveTo(start + QPoint(distance, 0)));
+    return says(QLatin1String("drag begins ") + name);
 }
 
 bool Gallery::dragTo(const QPoint &position, const QString &line)

@@ -51,8 +51,8 @@ public:
     /// Gives the window another size, and waits until the item \a moved has followed.
     void resize(const QSize &size, const QString &moved);
 
-    /// Holds the left button down on the item's middle, and goes on to where a drag begins.
-    void drag(const QString &name);
+    /// Holds the left button down on the item's middle, and goes on until a drag has begun.
+    bool drag(const QString &name);
     /// Goes on with the drag to \a position; stays in motion there, as a hand does, until the trace
     /// says \a line.
     bool dragTo(const QPoint &position, const QString &line);
