@@ -46,8 +46,9 @@ public:
     /// The keys of the characters of \a text, one after the other.
     void type(const char *text);
 
-    /// Puts the window there, and waits until the item \a inside has followed.
-    bool arrange(const QRect &geometry, const QString &inside);
+    /// Puts the window there, and waits until the item \a corner has followed, which is in the
+    /// window's top-left corner and as high as the window.
+    bool arrange(const QRect &geometry, const QString &corner = QStringLiteral("navigation"));
     /// Gives the window another size, and waits until the item \a moved has followed.
     void resize(const QSize &size, const QString &moved);
 

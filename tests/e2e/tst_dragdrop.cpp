@@ -69,10 +69,10 @@ void tst_DragDrop::cardBetweenGalleries()
 {
     Gallery first(kPage);
     QVERIFY(first.says(kReady));
-    QVERIFY(first.arrange(kFirst, kAir));
+    QVERIFY(first.arrange(kFirst));
     Gallery second(kPage);
     QVERIFY(second.says(kReady));
-    QVERIFY(second.arrange(kSecond, kAir));
+    QVERIFY(second.arrange(kSecond));
 
     QVERIFY(first.drag(kCard1));
     QVERIFY(first.dragTo(first.place(kAir), over(kAir)));
@@ -131,10 +131,10 @@ void tst_DragDrop::escape()
 {
     Gallery first(kPage);
     QVERIFY(first.says(kReady));
-    QVERIFY(first.arrange(kFirst, kAir));
+    QVERIFY(first.arrange(kFirst));
     Gallery second(kPage);
     QVERIFY(second.says(kReady));
-    QVERIFY(second.arrange(kSecond, kAir));
+    QVERIFY(second.arrange(kSecond));
 
     QVERIFY(first.drag(kCard1));
     QVERIFY(second.dragTo(second.place(kAir), over(kAir)));
@@ -162,7 +162,7 @@ void tst_DragDrop::files()
 {
     Gallery gallery(kPage);
     QVERIFY(gallery.says(kReady));
-    QVERIFY(gallery.arrange(QRect(0, 0, 1180, 840), QStringLiteral("files")));
+    QVERIFY(gallery.arrange(QRect(0, 0, 1180, 840)));
     Gallery source(QStringLiteral(TAMBERUI_DRAGSOURCE),
                    { QStringLiteral("/tmp/b.MOV"), QStringLiteral("/tmp/a note.txt"),
                      QStringLiteral("/tmp/c.png"), QStringLiteral("/tmp/a.mkv") });
