@@ -55,13 +55,10 @@ int main(int argc, char **argv)
         return 2;
 
     ta::ui::register_private();
-    const bench::Rows rows = bench::buttonRows() + bench::menuRows() + bench::paletteRows()
-    const bench::Rows rows = bench::buttonRows() + bench::dragRows() + bench::paletteRows()
-                             + bench::popupRows() + bench::sliderRows() + bench::sceneGraphRows()
-                             + bench::thumbnailRows();
-    const bench::Rows rows = bench::buttonRows() + bench::popupRows() + bench::sliderRows()
-                             + bench::sceneGraphRows() + bench::thumbnailRows()
-                             + bench::delegateRows() + bench::tooltipRows();
+    const bench::Rows rows = bench::buttonRows() + bench::delegateRows() + bench::dragRows()
+                             + bench::dropRows() + bench::menuRows() + bench::paletteRows()
+                             + bench::popupRows() + bench::sceneGraphRows() + bench::sliderRows()
+                             + bench::thumbnailRows() + bench::tooltipRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

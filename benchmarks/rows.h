@@ -6,10 +6,11 @@ namespace bench {
 
 // One function per bench_<theme>.cpp; main() puts their rows into one table.
 Rows buttonRows();
-Rows menuRows();
-Rows dragRows();
-Rows paletteRows();
 Rows delegateRows();
+Rows dragRows();
+Rows dropRows();
+Rows menuRows();
+Rows paletteRows();
 Rows popupRows();
 Rows sceneGraphRows();
 Rows sliderRows();
