@@ -164,6 +164,21 @@ bool Gallery::drag(const QString &name)
     return says(QLatin1String("drag begins ") + name);
 }
 
+void Gallery::drag(const QPoint &begin, const QPoint &end)
+{
+    input(moveTo(begin) + QStringList { QStringLiteral("mousedown"), QStringLiteral("1") }
+          + moveTo((begin + end) / 2) + moveTo(end)
+          + QStringList { QStringLiteral("mouseup"), QStringLiteral("1") });
+}
+
+void Gallery::wheel(const QString &name, int steps)
+{
+    const char *const button = steps > 0 ? "4" : "5"; // as X counts the ways to turn it
+    input(moveTo(place(name))
+          + QStringList { QStringLiteral("click"), QStringLiteral("--repeat"),
+                          QString::number(qAbs(steps)), QString::fromLatin1(button) });
+}
+
 bool Gallery::dragTo(const QPoint &position, const QString &line)
 {
     int step = 0;

@@ -58,6 +58,10 @@ public:
     /// says \a line.
     bool dragTo(const QPoint &position, const QString &line);
     static void release();
+    /// The whole of a drag from \a begin to \a end, of something that follows the pointer.
+    static void drag(const QPoint &begin, const QPoint &end);
+    /// Turns the wheel over the item's middle by \a steps notches; upwards is positive.
+    void wheel(const QString &name, int steps);
     /// Of the keys that are held together with others, such as "shift".
     static void keyDown(const char *name);
     static void keyUp(const char *name);
