@@ -56,7 +56,7 @@ int main(int argc, char **argv)
 
     ta::ui::register_private();
     const bench::Rows rows = bench::buttonRows() + bench::popupRows() + bench::sliderRows()
-                             + bench::sceneGraphRows() + bench::thumbnailRows();
+                             + bench::sceneGraphRows() + bench::textRows() + bench::thumbnailRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

@@ -9,6 +9,7 @@ Rows buttonRows();
 Rows popupRows();
 Rows sceneGraphRows();
 Rows sliderRows();
+Rows textRows();
 Rows thumbnailRows();
 
 } // namespace bench
