@@ -55,8 +55,9 @@ int main(int argc, char **argv)
         return 2;
 
     ta::ui::register_private();
-    const bench::Rows rows = bench::buttonRows() + bench::popupRows() + bench::sliderRows()
-                             + bench::sceneGraphRows() + bench::textRows() + bench::thumbnailRows();
+    const bench::Rows rows = bench::buttonRows() + bench::paletteRows() + bench::popupRows()
+                             + bench::sliderRows() + bench::sceneGraphRows() + bench::textRows()
+                             + bench::thumbnailRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

@@ -1,3 +1,4 @@
+#include "owncolors.h"
 #include "pages.h"
 #include "pictures.h"
 #include "screenshots.h"
@@ -5,6 +6,7 @@
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
+#include <QtCore/QSettings>
 #include <QtGui/QGuiApplication>
 #include <QtQml/QQmlApplicationEngine>
 #include <QtQuick/QQuickWindow>
@@ -29,6 +31,9 @@ struct Options
                                        QStringLiteral("Render all icons into the folder DIR and "
                                                       "exit."),
                                        QStringLiteral("DIR") };
+    QCommandLineOption settings { QStringLiteral("settings"),
+                                  QStringLiteral("Keep the user's own colours in FILE."),
+                                  QStringLiteral("FILE") };
     QCommandLineOption trace { QStringLiteral("trace"),
                                QStringLiteral("Print what happens in the window, one event a "
                                               "line.") };
@@ -53,6 +58,20 @@ void addKitPath(QQmlEngine *engine)
     }
 }
 
+// Where the user's choices are kept: in the file that was asked for, or in the place for them on
+// this system. What renders pictures or is tested keeps nothing unless it is asked to.
+std::unique_ptr<QSettings> userSettings(const QCommandLineParser &parser, const Options &options)
+{
+    if (parser.isSet(options.settings))
+        return std::make_unique<QSettings>(parser.value(options.settings), QSettings::IniFormat);
+    if (parser.isSet(options.trace) || parser.isSet(options.screenshots)
+        || parser.isSet(options.contactSheets)) {
+        return nullptr;
+    }
+    return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                       QStringLiteral("tamberui"), QStringLiteral("gallery"));
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -67,8 +86,8 @@ int main(int argc, char *argv[])
     parser.setApplicationDescription(QStringLiteral("Shows what TamberUi has to offer."));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions(
-        { options.page, options.list, options.screenshots, options.contactSheets, options.trace });
+    parser.addOptions({ options.page, options.list, options.screenshots, options.contactSheets,
+                        options.settings, options.trace });
 
     // What needs no screen is answered before there is one. Qt's own options are still among the
     // arguments then, so complaints have to wait.
@@ -103,6 +122,8 @@ int main(int argc, char *argv[])
     parser.process(app); // answers what of the help names Qt's own options, too
 
     int complaints = 0;
+    OwnColors ownColors(userSettings(parser, options));
+    const OwnPaletteProvider ownPalettes(&ownColors);
     Trace trace; // outlives the engine and with it the window
     QQmlApplicationEngine engine;
     addKitPath(&engine);

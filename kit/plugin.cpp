@@ -28,6 +28,7 @@
 #include <TamberUi/Tooltip>
 #include <TamberUi/TooltipAgent>
 #include <TamberUi/Ui>
+#include <TamberUi/VerticalScrollView>
 #include <TamberUi/VideoDropHandler>
 
 #include <QtGui/QFont>
@@ -96,11 +97,14 @@ void registerPublic(const char *uri)
     qmlRegisterType<Thumbnail>(uri, major, minor, "UiThumbnail");
     qmlRegisterType<Tooltip>(uri, major, minor, "UiTooltip");
     qmlRegisterType<TooltipAgent>(uri, major, minor, "UiTooltipAgent");
+    qmlRegisterType<VerticalScrollView>(uri, major, minor, "UiVerticalScrollView");
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
              "UiCalendar",
              "UiCheckBox",
+             "UiColorButton",
+             "UiColorPicker",
              "UiComboBox",
              "UiDateField",
              "UiHorizontalSeparator",

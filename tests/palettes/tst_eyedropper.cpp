@@ -6,6 +6,7 @@
 
 #include <TamberUi/ColorPickerBase>
 #include <TamberUi/ColorPickerCanvas>
+#include <TamberUi/PopupAnchor>
 
 #include <QtGui/QPixmap>
 #include <QtGui/QScreen>
@@ -251,8 +252,7 @@ void tst_Eyedropper::colorsOnTheScreen()
                 kSize);
     QVERIFY(scene.isValid());
     QMetaObject::invokeMethod(scene.find("combo"), "show");
-    QTRY_VERIFY(scene.find("combo")->property("popupVisible").toBool());
-    QTest::qWait(300); // the popup fades in
+    QTRY_COMPARE(scene.find<PopupAnchor>("comboPopup")->popupItem()->opacity(), 1.0); // fades in
     QVERIFY(scene.waitForFrame());
     const QImage screen = scene.window()->screen()->grabWindow(scene.window()->winId()).toImage();
     const int ratio = qRound(scene.window()->effectiveDevicePixelRatio());
