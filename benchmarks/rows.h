@@ -14,6 +14,7 @@ Rows paletteRows();
 Rows popupRows();
 Rows sceneGraphRows();
 Rows sliderRows();
+Rows textRows();
 Rows thumbnailRows();
 Rows tooltipRows();
 
