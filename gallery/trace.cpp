@@ -2,6 +2,7 @@
 
 #include <TamberUi/ButtonBase>
 #include <TamberUi/ContextMenu>
+#include <TamberUi/DragZone>
 #include <TamberUi/DropZone>
 #include <TamberUi/LineEditBase>
 #include <TamberUi/MenuItem>
@@ -149,6 +150,9 @@ void Trace::follow(QQuickItem *item)
                 Qt::UniqueConnection);
     } else if (auto *entry = qobject_cast<MenuItem *>(entryOf(item))) {
         connect(entry, &MenuItem::triggered, this, &Trace::tellTriggered, Qt::UniqueConnection);
+    } else if (auto *source = qobject_cast<DragZone *>(item)) {
+        connect(source, &DragZone::dragStarted, this, &Trace::tellDragBegin, Qt::UniqueConnection);
+        connect(source, &DragZone::dragEnded, this, &Trace::tellDragEnd, Qt::UniqueConnection);
     } else if (auto *zone = qobject_cast<DropZone *>(item)) {
         connect(zone, &DropZone::dragEnter, this, &Trace::tellDragOver, Qt::UniqueConnection);
         connect(zone, &DropZone::dragExit, this, &Trace::tellDragOff, Qt::UniqueConnection);
@@ -196,6 +200,16 @@ void Trace::tellText()
 {
     const auto *edit = qobject_cast<LineEditBase *>(sender());
     tell(QLatin1String("text ") + edit->objectName() + QLatin1Char(' ') + edit->text());
+}
+
+void Trace::tellDragBegin()
+{
+    tell(QLatin1String("drag begins ") + sender()->objectName());
+}
+
+void Trace::tellDragEnd()
+{
+    tell(QLatin1String("drag ends ") + sender()->objectName());
 }
 
 void Trace::tellDragOver()
