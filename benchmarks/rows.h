@@ -13,6 +13,7 @@ Rows menuRows();
 Rows paletteRows();
 Rows popupRows();
 Rows sceneGraphRows();
+Rows scrollingRows();
 Rows sliderRows();
 Rows textRows();
 Rows thumbnailRows();
