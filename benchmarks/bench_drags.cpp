@@ -4,6 +4,7 @@
 #include <TamberUi/DragHandle>
 #include <TamberUi/DragZone>
 #include <TamberUi/JsonMimeData>
+#include <TamberUi/MimeData>
 
 #include <QtQml/qqml.h>
 
@@ -14,6 +15,7 @@ Rows dragRows()
     qmlRegisterType<ta::ui::DragHandle>("bench.Drags", 1, 0, "UiDragHandle");
     qmlRegisterType<ta::ui::DragZone>("bench.Drags", 1, 0, "UiDragZone");
     qmlRegisterType<ta::ui::JsonMimeData>("bench.Drags", 1, 0, "UiJsonMimeData");
+    qmlRegisterUncreatableType<ta::ui::MimeData>("bench.Drags", 1, 0, "UiMimeData", QString());
     const QByteArray handle = "import bench.Drags 1.0; UiDragHandle {}";
     const QByteArray mouseArea = "import QtQuick 2.15; MouseArea { cursorShape: Qt.SizeHorCursor;"
                                  "hoverEnabled: true; preventStealing: true }";
