@@ -6,11 +6,16 @@ namespace bench {
 
 // One function per bench_<theme>.cpp; main() puts their rows into one table.
 Rows buttonRows();
+Rows delegateRows();
 Rows dragRows();
+Rows dropRows();
+Rows menuRows();
 Rows paletteRows();
 Rows popupRows();
 Rows sceneGraphRows();
 Rows sliderRows();
+Rows textRows();
 Rows thumbnailRows();
+Rows tooltipRows();
 
 } // namespace bench

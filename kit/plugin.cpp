@@ -1,5 +1,7 @@
 #include "plugin.h"
 
+#include "captions.h"
+
 #include <TamberUi/AbstractMenuItem>
 #include <TamberUi/Border>
 #include <TamberUi/CheckerBoard>
@@ -7,6 +9,8 @@
 #include <TamberUi/Colors>
 #include <TamberUi/ContextMenu>
 #include <TamberUi/DefaultSlider>
+#include <TamberUi/Dialog>
+#include <TamberUi/DialogButton>
 #include <TamberUi/DragHandle>
 #include <TamberUi/DragZone>
 #include <TamberUi/DropHandler>
@@ -17,6 +21,7 @@
 #include <TamberUi/Icon>
 #include <TamberUi/ImageDropHandler>
 #include <TamberUi/JsonMimeData>
+#include <TamberUi/Loader>
 #include <TamberUi/Logging>
 #include <TamberUi/MenuItem>
 #include <TamberUi/MenuSeparator>
@@ -31,6 +36,7 @@
 #include <TamberUi/VerticalScrollView>
 #include <TamberUi/VideoDropHandler>
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QFont>
 #include <QtGui/QFontDatabase>
 #include <QtQml/qqml.h>
@@ -52,6 +58,13 @@ void provideFontFamily()
     if (!families.contains(standIn))
         qCWarning(lcUi, "The font family Lato is not installed; texts use a fallback");
     QFont::insertSubstitution(family, standIn);
+}
+
+// The captions of dialog buttons are translations of ids that every host has to bring along; one
+// that brings none shows words all the same.
+void provideCaptions()
+{
+    QCoreApplication::installTranslator(new Captions(QLocale(), QCoreApplication::instance()));
 }
 
 // Each engine has an instance of its own, which it owns.
@@ -79,6 +92,8 @@ void registerPublic(const char *uri)
                                             QStringLiteral("Swatches belong to a palette"));
     qmlRegisterType<ContextMenu>(uri, major, minor, "UiContextMenu");
     qmlRegisterType<DefaultSlider>(uri, major, minor, "UiDefaultSlider");
+    qmlRegisterType<Dialog>(uri, major, minor, "UiDialog");
+    qmlRegisterType<DialogButton>(uri, major, minor, "UiDialogButton");
     qmlRegisterType<DragHandle>(uri, major, minor, "UiDragHandle");
     qmlRegisterType<DragZone>(uri, major, minor, "UiDragZone");
     qmlRegisterUncreatableType<DropHandler>(uri, major, minor, "UiDropHandler", baseOnly);
@@ -88,6 +103,7 @@ void registerPublic(const char *uri)
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<ImageDropHandler>(uri, major, minor, "UiImageDropHandler");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
+    qmlRegisterType<Loader>(uri, major, minor, "UiLoader");
     qmlRegisterType<MenuItem>(uri, major, minor, "UiMenuItem");
     qmlRegisterType<MenuSeparator>(uri, major, minor, "UiMenuSeparator");
     qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData", baseOnly);
@@ -101,22 +117,11 @@ void registerPublic(const char *uri)
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
-             "UiCalendar",
-             "UiCheckBox",
-             "UiColorButton",
-             "UiColorPicker",
-             "UiComboBox",
-             "UiDateField",
-             "UiHorizontalSeparator",
-             "UiInfoTip",
-             "UiLineEdit",
-             "UiLoadIndicator",
-             "UiPushButton",
-             "UiSlider",
-             "UiSpinBox",
-             "UiSplitter",
-             "UiText",
-             "UiToolButton",
+             "UiCalendar",    "UiCheckBox",   "UiColorButton",  "UiColorPicker",
+             "UiComboBox",    "UiDateField",  "UiGroup",        "UiHorizontalSeparator",
+             "UiInfoTip",     "UiLineEdit",   "UiListDelegate", "UiLoadIndicator",
+             "UiProgressBar", "UiMessageBox", "UiPushButton",   "UiSlider",
+             "UiSpinBox",     "UiSplitter",   "UiText",         "UiToolButton",
          }) {
         const QUrl url(QLatin1String("qrc:/tamber/Ui/") + QLatin1String(control)
                        + QLatin1String(".qml"));
@@ -140,10 +145,10 @@ void TamberUiKitPlugin::registerTypes(const char *uri)
     registerPublic(uri);
 }
 
-// Runs on the GUI thread, where fonts are used; the types are registered on the thread that loads
-// QML.
+// Runs on the GUI thread, where fonts and translators belong; the types are registered on the
+// thread that loads QML.
 void TamberUiKitPlugin::initializeEngine(QQmlEngine *, const char *)
 {
-    static const bool provided = (provideFontFamily(), true);
+    static const bool provided = (provideFontFamily(), provideCaptions(), true);
     Q_UNUSED(provided)
 }

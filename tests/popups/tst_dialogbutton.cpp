@@ -1,0 +1,173 @@
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/Dialog>
+#include <TamberUi/DialogButton>
+#include <TamberUi/PopupStack>
+
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickWindow>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+// The buttons of dialogs, and all that can be told without the kit.
+class tst_DialogButton : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void roles_data();
+    void roles();
+    void changes();
+    void list();
+    void trigger();
+    void withoutPublicModule();
+};
+
+void tst_DialogButton::roles_data()
+{
+    QTest::addColumn<int>("role");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<int>("style");
+    QTest::addColumn<int>("action");
+    const struct
+    {
+        const char *name;
+        int role;
+        const char *caption;
+        int style;
+        int action;
+    } rows[] = {
+        { "none", 0, "", 2, 0 },
+        { "ok", 1, "8032344dab7a0d5e", 1, 2 },
+        { "apply", 2, "", 1, 2 },
+        { "accept", 3, "a30faf650f427ada", 1, 2 },
+        { "done", 4, "18c4498018b6f1d1", 1, 2 },
+        { "cancel", 5, "37ae1dd525a0ce7a", 2, 3 },
+        { "revert", 6, "f9330eba97fc373e", 2, 0 },
+        { "close", 7, "28c3843d05fb11e9", 1, 3 },
+        { "back", 8, "b5e16992c23938d2", 1, 4 },
+        { "forward", 9, "a67d7bccc6d4448e", 1, 5 },
+        { "beyond", 10, "", 2, 0 },
+        { "negative", -1, "", 2, 0 },
+    };
+    for (const auto &row : rows)
+        QTest::newRow(row.name) << row.role << QString::fromLatin1(row.caption) << row.style
+                                << row.action;
+}
+
+// Without a catalogue the caption is the id; the kit's catalogues have a test of their own.
+void tst_DialogButton::roles()
+{
+    QFETCH(int, role);
+    DialogButton button;
+    button.setRole(DialogButton::ButtonRole(role));
+    QTEST(button.text(), "caption");
+    QTEST(int(button.effectiveStyle()), "style");
+    QTEST(button.styleForRole(button.role()), "style");
+    QTEST(button.actionForRole(button.role()), "action");
+    QCOMPARE(button.action(), DialogButton::AutomaticAction);
+    QCOMPARE(button.style(), Ui::AutomaticPushButtonStyle);
+    button.setStyle(Ui::PrimaryPushButtonStyle);
+    button.setText(QStringLiteral("Go"));
+    QCOMPARE(button.effectiveStyle(), Ui::PrimaryPushButtonStyle);
+    QCOMPARE(button.text(), QStringLiteral("Go"));
+}
+
+void tst_DialogButton::changes()
+{
+    DialogButton button;
+    SignalLog log;
+    log.watch(&button);
+    button.setRole(DialogButton::OkRole);
+    QCOMPARE(log.take(), names({ "roleChanged", "textChanged" }));
+    button.setText(button.text()); // the stored text is empty still
+    button.setText(button.text());
+    button.setRole(DialogButton::CancelRole);
+    button.setVisible(false);
+    button.setEnabled(false);
+    button.setStyle(Ui::SecondaryPushButtonStyle);
+    button.setAction(DialogButton::NoAction);
+    button.setAction(DialogButton::NoAction);
+    QCOMPARE(log.take(), names({ "textChanged", "roleChanged", "visibleChanged", "enabledChanged",
+                                 "styleChanged", "actionChanged" }));
+
+    auto *doomed = new DialogButton;
+    connect(doomed, &DialogButton::roleChanged, doomed, [doomed] { delete doomed; });
+    doomed->setRole(DialogButton::OkRole);
+}
+
+void tst_DialogButton::list()
+{
+    Dialog dialog;
+    DialogButton button;
+    auto *doomed = new DialogButton;
+    SignalLog log;
+    log.watch(&dialog, names({ "buttonsChanged" }));
+    QQmlListProperty<DialogButton> list = dialog.buttons();
+    list.clear(&list);
+    QVERIFY(log.take().isEmpty());
+    list.append(&list, &button);
+    list.append(&list, nullptr);
+    list.append(&list, doomed);
+    QCOMPARE(log.take().count(), 3);
+    dialog.setDefaultButton(doomed);
+    delete doomed;
+    QVERIFY(!dialog.defaultButton());
+    QCOMPARE(list.count(&list), 3);
+    QCOMPARE(list.at(&list, 0), &button);
+    for (int index : { -1, 1, 2, 3 })
+        QVERIFY(!list.at(&list, index));
+    list.clear(&list);
+    QCOMPARE(log.take().count(), 1);
+    QCOMPARE(list.count(&list), 0);
+}
+
+// A dialog that is closed has nothing to accept or reject, but a click is a click.
+void tst_DialogButton::trigger()
+{
+    Dialog dialog;
+    DialogButton button;
+    SignalLog log;
+    log.watch(&dialog);
+    log.watch(&button, names({ "clicked" }));
+    dialog.trigger(nullptr);
+    for (auto role : { DialogButton::OkRole, DialogButton::CancelRole, DialogButton::BackRole,
+                       DialogButton::ForwardRole }) {
+        button.setRole(role);
+        dialog.trigger(&button);
+    }
+    QVERIFY(log.take().isEmpty());
+    button.setAction(DialogButton::NoAction);
+    dialog.trigger(&button);
+    QCOMPARE(log.take(), names({ "clicked" }));
+}
+
+// The library's components need the types of a public module, which is nowhere here.
+void tst_DialogButton::withoutPublicModule()
+{
+    qmlRegisterType<Dialog>("tests.Dialogs", 1, 0, "UiDialog");
+    QQmlEngine engine;
+    engine.setImportPathList({});
+    QQuickWindow window;
+    QQmlComponent component(&engine);
+    component.setData("import tests.Dialogs 1.0; UiDialog {}", QUrl());
+    const std::unique_ptr<QObject> object(component.create());
+    auto *dialog = qobject_cast<Dialog *>(object.get());
+    QVERIFY2(dialog, qPrintable(component.errorString()));
+    dialog->setParent(window.contentItem());
+    SignalLog log;
+    log.watch(dialog);
+    expectWarning(QStringLiteral("UiDialogHost.qml.*is not installed"));
+    for (int round = 0; round < 2; ++round) {
+        dialog->show();
+        QVERIFY(!dialog->rootItem() && !PopupStack::top());
+    }
+    QVERIFY(log.take().isEmpty());
+    QVERIFY(window.contentItem()->childItems().isEmpty());
+    dialog->setParent(nullptr);
+}
+
+TAMBER_TEST_MAIN(tst_DialogButton)
+#include "tst_dialogbutton.moc"

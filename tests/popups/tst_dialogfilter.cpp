@@ -1,0 +1,440 @@
+#include "support/input.h"
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/Dialog>
+#include <TamberUi/PopupStack>
+
+#include <QtGui/QShortcutEvent>
+#include <QtGui/QWindow>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+// What a dialog does with the events of the application: each type with each receiver as a table,
+// and the same as it comes from a person's hands.
+class tst_DialogFilter : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void table_data();
+    void table();
+    void closing_data();
+    void closing();
+    void withoutWindow();
+    void systemModalWindow();
+    void hiddenWindow();
+    void pointer();
+    void clickOutside();
+    void otherWindow();
+    void shortcuts();
+    void resizeBelow();
+};
+
+namespace {
+
+const QString kDialog = QStringLiteral(
+    "Item { objectName: 'before'; focus: true }\n"
+    "MouseArea { objectName: 'under'; anchors.fill: parent; property int presses: 0\n"
+    "property int wheels: 0; onPressed: ++presses; onWheel: ++wheels; hoverEnabled: true }\n"
+    "Item { objectName: 'popup'; Item { objectName: 'inPopup' } }\n"
+    "UiDialog { objectName: 'dialog'; contentDelegate: Component { Item { property var dialog\n"
+    "implicitWidth: 300; implicitHeight: 150; property bool disableTabOverride: false\n"
+    "MouseArea { objectName: 'inside'; anchors.fill: parent; property int presses: 0\n"
+    "property int wheels: 0; onPressed: ++presses; onWheel: ++wheels } } } }\n");
+
+const QPointF kOutside(5, 5);
+
+std::unique_ptr<QEvent> makeEvent(QEvent::Type type, int key, const QPointF &position)
+{
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        return std::make_unique<QMouseEvent>(type, position, position, position, Qt::LeftButton,
+                                             Qt::LeftButton, Qt::NoModifier);
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return std::make_unique<QKeyEvent>(type, key, Qt::NoModifier);
+    case QEvent::Wheel:
+        return std::make_unique<QWheelEvent>(position, position, QPoint(), QPoint(0, 120),
+                                             Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                                             false);
+    case QEvent::HoverEnter:
+    case QEvent::HoverMove:
+    case QEvent::HoverLeave:
+        return std::make_unique<QHoverEvent>(type, position, position);
+    case QEvent::Shortcut:
+        return std::make_unique<QShortcutEvent>(QKeySequence(), 0);
+    case QEvent::Resize:
+        return std::make_unique<QResizeEvent>(QSize(1, 1), QSize(2, 2));
+    case QEvent::Close:
+        return std::make_unique<QCloseEvent>();
+    default:
+        return std::make_unique<QEvent>(type);
+    }
+}
+
+} // namespace
+
+void tst_DialogFilter::initTestCase()
+{
+    Scene::useKit();
+}
+
+void tst_DialogFilter::cleanup()
+{
+    TestCase::cleanup();
+    QVERIFY(!PopupStack::top());
+}
+
+void tst_DialogFilter::table_data()
+{
+    QTest::addColumn<QEvent::Type>("type");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QStringList>("swallowed"); // for which receivers
+    const struct
+    {
+        const char *name;
+        QEvent::Type type;
+        int key;
+        QStringList swallowed;
+    } rows[] = {
+        { "press", QEvent::MouseButtonPress, 0,
+          names({ "under", "other window", "object", "null" }) },
+        { "wheel", QEvent::Wheel, 0, names({ "under", "other window", "object", "null" }) },
+        { "hover enter", QEvent::HoverEnter, 0,
+          names({ "window", "under", "other window", "object", "null" }) },
+        { "shortcut", QEvent::Shortcut, 0,
+          names({ "window", "under", "popup", "inPopup", "other window", "object", "null" }) },
+        { "key", QEvent::KeyPress, Qt::Key_A,
+          names({ "under", "popup", "inPopup", "other window", "object", "null" }) },
+        { "tab", QEvent::KeyPress, Qt::Key_Tab, names({ "all" }) },
+        { "backtab", QEvent::KeyPress, Qt::Key_Backtab, names({ "all" }) },
+        { "escape", QEvent::KeyPress, Qt::Key_Escape, names({ "all" }) },
+        { "release", QEvent::MouseButtonRelease, 0, {} },
+        { "double click", QEvent::MouseButtonDblClick, 0, {} },
+        { "move", QEvent::MouseMove, 0, {} },
+        { "hover move", QEvent::HoverMove, 0, {} },
+        { "hover leave", QEvent::HoverLeave, 0, {} },
+        { "key release", QEvent::KeyRelease, Qt::Key_Escape, {} },
+        { "resize", QEvent::Resize, 0, {} },
+        { "close", QEvent::Close, 0, {} },
+        { "timer", QEvent::Timer, 0, {} },
+    };
+    for (const auto &row : rows)
+        QTest::newRow(row.name) << row.type << row.key << row.swallowed;
+}
+
+// With no flags: the dialog stays open.
+void tst_DialogFilter::table()
+{
+    QFETCH(QEvent::Type, type);
+    QFETCH(int, key);
+    QFETCH(QStringList, swallowed);
+    Scene scene(kDialog);
+    QVERIFY(scene.isValid());
+    auto *dialog = scene.find<Dialog>("dialog");
+    dialog->setFlags(Dialog::NoFlag);
+    scene.find("popup")->setProperty("_ta_isPopup", true);
+    dialog->show();
+    QQuickItem *scope = dialog->content()->parentItem()->parentItem();
+    QQuickWindow other;
+    other.show();
+    QObject object;
+    QObject inDialog(dialog);
+    QObject inBox(scope);
+    const QVector<std::pair<const char *, QObject *>> receivers = {
+        { "window", scene.window() },
+        { "under", scene.find("under") },
+        { "popup", scene.find("popup") },
+        { "inPopup", scene.find("inPopup") },
+        { "other window", &other },
+        { "object", &object },
+        { "null", nullptr },
+        { "inside", scene.find("inside") },
+        { "box", scope },
+        { "host", dialog->rootItem() },
+        { "in the dialog", &inDialog },
+        { "in the box", &inBox },
+    };
+    for (const auto &receiver : receivers) {
+        const QString name = QString::fromLatin1(receiver.first);
+        const bool answer = dialog->eventFilter(receiver.second,
+                                                makeEvent(type, key, kOutside).get());
+        const bool expected = swallowed.contains(name) || swallowed.contains(QLatin1String("all"));
+        QVERIFY2(answer == expected, receiver.first);
+        QVERIFY(dialog->rootItem());
+    }
+    dialog->content()->setProperty("disableTabOverride", true);
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+        QVERIFY(!dialog->eventFilter(scene.window(), makeEvent(type, key, kOutside).get()));
+    dialog->reject();
+}
+
+void tst_DialogFilter::closing_data()
+{
+    QTest::addColumn<int>("flag");
+    QTest::addColumn<QEvent::Type>("type");
+    QTest::addColumn<QString>("receiver");
+    QTest::addColumn<QPointF>("position");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<bool>("swallowed");
+    const QPointF inside(400, 300);
+    const struct
+    {
+        const char *name;
+        Dialog::Flag flag;
+        QEvent::Type type;
+        const char *receiver;
+        QPointF position;
+        bool closes;
+        bool swallowed;
+    } rows[] = {
+        { "escape", Dialog::RejectOnEscape, QEvent::KeyPress, "window", kOutside, true, true },
+        { "close", Dialog::RejectOnCloseEvent, QEvent::Close, "window", kOutside, true, false },
+        { "close another", Dialog::RejectOnCloseEvent, QEvent::Close, "other window", kOutside,
+          true, false },
+        // The window sees the press first, and nothing is decided then.
+        { "press, window", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "window",
+          kOutside, false, false },
+        { "press, item", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "under", kOutside,
+          true, true },
+        { "press, cover", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "host", kOutside,
+          true, false },
+        { "press, popup", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "inPopup",
+          kOutside, false, false },
+        { "press, elsewhere", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress,
+          "other window", kOutside, true, true },
+        { "press inside", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "inside", inside,
+          false, false },
+        { "press at the left edge", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "under",
+          QPointF(249.5, 300), false, true },
+        { "press before it", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "under",
+          QPointF(249.4, 300), true, true },
+    };
+    for (const auto &row : rows)
+        QTest::newRow(row.name) << int(row.flag) << row.type << QString::fromLatin1(row.receiver)
+                                << row.position << row.closes << row.swallowed;
+}
+
+// Each flag alone closes, and all the others together do not.
+void tst_DialogFilter::closing()
+{
+    QFETCH(int, flag);
+    QFETCH(QEvent::Type, type);
+    QFETCH(QString, receiver);
+    QFETCH(QPointF, position);
+    QFETCH(bool, closes);
+    for (bool set : { true, false }) {
+        Scene scene(kDialog);
+        QVERIFY(scene.isValid());
+        auto *dialog = scene.find<Dialog>("dialog");
+        scene.find("popup")->setProperty("_ta_isPopup", true);
+        QQuickWindow other;
+        other.show();
+        SignalLog log;
+        log.watch(dialog, names({ "rejected", "accepted" }));
+        dialog->setFlags(Dialog::Flags(set ? flag : 7 & ~flag));
+        dialog->show();
+        QCOMPARE(dialog->content()->parentItem()->width(), 300.0);
+        QObject *watched = scene.window();
+        if (receiver == QLatin1String("other window"))
+            watched = &other;
+        else if (receiver == QLatin1String("host"))
+            watched = dialog->rootItem();
+        else if (receiver != QLatin1String("window"))
+            watched = scene.find(receiver.toLatin1());
+        const QPointF screen = scene.window()->mapToGlobal(QPoint()) + position;
+        const bool swallowed = dialog->eventFilter(watched,
+                                                   makeEvent(type, Qt::Key_Escape, screen).get());
+        QCOMPARE(!dialog->rootItem(), closes && set);
+        QCOMPARE(log.take(), closes && set ? names({ "rejected" }) : QStringList());
+        QTEST(swallowed, "swallowed");
+        dialog->reject();
+    }
+}
+
+// A dialog that is below no item has no window to be in: it opens all the same.
+void tst_DialogFilter::withoutWindow()
+{
+    Scene scene(QString {});
+    QVERIFY(scene.isValid());
+    const auto object = scene.create(QStringLiteral("UiDialog { autoSize: true; width: 300 }"));
+    auto *dialog = qobject_cast<Dialog *>(object.get());
+    SignalLog log;
+    log.watch(dialog, names({ "opened", "rejected" }));
+    dialog->show();
+    QVERIFY(dialog->rootItem() && !dialog->rootItem()->parentItem());
+    QCOMPARE(PopupStack::top(), dialog);
+    for (QObject *watched :
+         { static_cast<QObject *>(scene.window()), static_cast<QObject *>(scene.root()),
+           static_cast<QObject *>(nullptr) }) {
+        for (auto type : { QEvent::MouseButtonPress, QEvent::Wheel, QEvent::KeyPress })
+            QVERIFY(dialog->eventFilter(watched, makeEvent(type, Qt::Key_A, kOutside).get()));
+    }
+    dialog->setFlags(Dialog::RejectOnClickOutside);
+    QVERIFY(dialog->eventFilter(nullptr, makeEvent(QEvent::MouseButtonPress, 0, kOutside).get()));
+    QVERIFY(dialog->rootItem());
+    dialog->reject();
+    QCOMPARE(log.take(), names({ "opened", "rejected" }));
+}
+
+// A window that the system makes modal goes before.
+void tst_DialogFilter::systemModalWindow()
+{
+    Scene scene(kDialog);
+    QVERIFY(scene.isValid());
+    auto *dialog = scene.find<Dialog>("dialog");
+    dialog->show();
+    QQuickWindow modal;
+    modal.setModality(Qt::ApplicationModal);
+    modal.show();
+    QVERIFY(
+        !dialog->eventFilter(&modal, makeEvent(QEvent::KeyPress, Qt::Key_Escape, kOutside).get()));
+    QVERIFY(!dialog->eventFilter(&modal, makeEvent(QEvent::Close, 0, kOutside).get()));
+    QVERIFY(dialog->rootItem());
+    modal.hide();
+    QVERIFY(
+        dialog->eventFilter(&modal, makeEvent(QEvent::KeyPress, Qt::Key_Escape, kOutside).get()));
+}
+
+// What nobody can see does not block the rest of the application.
+void tst_DialogFilter::hiddenWindow()
+{
+    Scene scene(kDialog);
+    Scene other(kDialog);
+    QVERIFY(scene.isValid() && other.isValid());
+    auto *dialog = scene.find<Dialog>("dialog");
+    dialog->setFlags(Dialog::RejectOnEscape);
+    dialog->show();
+    scene.window()->hide();
+    QVERIFY(dialog->rootItem());
+    click(other.window(), kOutside.toPoint());
+    QCOMPARE(other.find("under")->property("presses").toInt(), 1);
+    QTest::keyClick(other.window(), Qt::Key_Escape);
+    QVERIFY(dialog->rootItem());
+    scene.window()->show();
+    click(other.window(), kOutside.toPoint());
+    QCOMPARE(other.find("under")->property("presses").toInt(), 1);
+    dialog->reject();
+}
+
+void tst_DialogFilter::pointer()
+{
+    Scene scene(kDialog);
+    QVERIFY(scene.isValid());
+    auto *dialog = scene.find<Dialog>("dialog");
+    QQuickItem *under = scene.find("under");
+    dialog->show();
+    const QQuickItem *inside = scene.find("inside");
+    // The layer that fades in lies above the items and gets the wheel first.
+    QTRY_COMPARE(scene.window()->contentItem()->childItems().count(), 2);
+    for (const QPoint &position : { center(inside), kOutside.toPoint() }) {
+        click(scene.window(), position);
+        wheel(scene.window(), position, 1);
+        move(scene.window(), position);
+    }
+    QCOMPARE(inside->property("presses").toInt(), 1);
+    QCOMPARE(inside->property("wheels").toInt(), 1);
+    QCOMPARE(under->property("presses").toInt(), 0);
+    QCOMPARE(under->property("wheels").toInt(), 0);
+    QVERIFY(!under->property("containsMouse").toBool());
+    dialog->reject();
+    QTRY_COMPARE(scene.window()->contentItem()->childItems().count(), 1);
+    click(scene.window(), center(under));
+    QCOMPARE(under->property("presses").toInt(), 1);
+}
+
+// One press: the window lets it pass, and the cover's sight of it closes the dialog. Nothing else
+// gets it.
+void tst_DialogFilter::clickOutside()
+{
+    Scene scene(kDialog);
+    QVERIFY(scene.isValid());
+    auto *dialog = scene.find<Dialog>("dialog");
+    dialog->setFlags(Dialog::RejectOnClickOutside);
+    SignalLog log;
+    log.watch(dialog, names({ "rejected", "opened" }));
+    dialog->show();
+    click(scene.window(), QPoint(400, 300));
+    QCOMPARE(log.take(), names({ "opened" }));
+    click(scene.window(), kOutside.toPoint());
+    QCOMPARE(log.take(), names({ "rejected" }));
+    QCOMPARE(scene.find("under")->property("presses").toInt(), 0);
+    QVERIFY(scene.find("before")->hasActiveFocus());
+
+    // A handler that opens it again by the same click gets an open dialog.
+    connect(dialog, &Dialog::rejected, dialog, &Dialog::show);
+    dialog->show();
+    click(scene.window(), kOutside.toPoint());
+    QCOMPARE(log.take(), names({ "opened", "rejected", "opened" }));
+    QVERIFY(dialog->rootItem());
+    disconnect(dialog, &Dialog::rejected, dialog, &Dialog::show);
+    dialog->reject();
+    QVERIFY(scene.find("before")->hasActiveFocus());
+}
+
+void tst_DialogFilter::otherWindow()
+{
+    Scene scene(kDialog);
+    Scene other(QStringLiteral("TextInput { objectName: 'text'; focus: true }\n") + kDialog);
+    QVERIFY(scene.isValid() && other.isValid());
+    auto *dialog = scene.find<Dialog>("dialog");
+    dialog->show();
+    click(other.window(), QPoint(400, 300));
+    wheel(other.window(), QPoint(400, 300), 1);
+    QTest::keyClick(other.window(), Qt::Key_X);
+    QCOMPARE(other.find("under")->property("presses").toInt(), 0);
+    QCOMPARE(other.find("under")->property("wheels").toInt(), 0);
+    QVERIFY(other.find("text")->property("text").toString().isEmpty());
+    QTest::keyClick(other.window(), Qt::Key_Escape); // goes to the dialog wherever it is pressed
+    QVERIFY(!dialog->rootItem());
+    click(other.window(), QPoint(400, 300));
+    QCOMPARE(other.find("under")->property("presses").toInt(), 1);
+}
+
+void tst_DialogFilter::shortcuts()
+{
+    Scene scene(QStringLiteral(
+        "property int outer: 0; property int inner: 0\n"
+        "Shortcut { sequence: 'Ctrl+O'; onActivated: ++outer }\n"
+        "UiDialog { objectName: 'dialog'; contentDelegate: Component { Item { property var dialog\n"
+        "Shortcut { sequence: 'Ctrl+I'; onActivated: ++inner } } } }"));
+    QVERIFY(scene.isValid());
+    auto *dialog = scene.find<Dialog>("dialog");
+    const auto count = [&](const char *name) { return scene.root()->property(name).toInt(); };
+    dialog->show();
+    QTest::keyClick(scene.window(), Qt::Key_O, Qt::ControlModifier);
+    QTest::keyClick(scene.window(), Qt::Key_I, Qt::ControlModifier);
+    QCOMPARE(count("outer"), 0);
+    QCOMPARE(count("inner"), 1);
+    dialog->reject();
+    QTest::keyClick(scene.window(), Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(count("outer"), 1);
+}
+
+// A dialog that another one covers follows its window as well.
+void tst_DialogFilter::resizeBelow()
+{
+    Scene scene(QString(kDialog).replace(QLatin1String("'dialog'"), QLatin1String("'below'"))
+                + kDialog);
+    QVERIFY(scene.isValid());
+    auto *below = scene.find<Dialog>("below");
+    auto *dialog = scene.find<Dialog>("dialog");
+    below->setAutoSize(true);
+    below->show();
+    dialog->show();
+    scene.window()->resize(640, 480);
+    QTRY_COMPARE(below->content()->width(), 640.0);
+    dialog->reject();
+    below->reject();
+}
+
+TAMBER_TEST_MAIN(tst_DialogFilter)
+#include "tst_dialogfilter.moc"

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "dialog.h"
+
+#include "../foundation/objectlist.h"
+#include "../foundation/sharedcomponent.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QVector>
+#include <QtQuick/QQuickWindow>
+
+#include <functional>
+
+namespace ta::ui {
+
+class DialogPrivate
+{
+public:
+    explicit DialogPrivate(Dialog *q) : q(q) {}
+
+    QQuickWindow *window() const { return hostParent ? hostParent->window() : nullptr; }
+
+    void open();
+    QQuickItem *createHost();
+    void watch();
+    void watchButton(const DialogButton *button);
+    void updateDialogSize();
+    void resized(void (Dialog::*changed)());
+
+    void discard();
+    void discardImmediate();
+    void close(const QQuickItem *closing);
+    void forget();
+    void end(void (DialogPrivate::*leave)(), const std::function<void()> &answer);
+    void rejectLost();
+    void releaseHosts();
+    void joinStack();
+    void leaveStack();
+    void bequeathFocus(const QQuickItem *closing);
+    void restoreFocus();
+
+    bool press(QObject *watched, const QPointF &screenPosition);
+    bool key(QObject *watched, int key);
+    bool tab(const char *signal);
+    bool isOwnWindow(const QObject *watched) const { return watched && watched == window(); }
+    bool isBlind(const QObject *watched) const;
+    bool isOutside(const QObject *watched) const;
+
+    Dialog *const q;
+    QPointer<QQuickItem> hostParent; // content item of the window; found when first shown
+    QPointer<QQuickItem> content;
+    ComponentReference hostComponent;
+    QPointer<QQuickItem> host; // set exactly while the dialog is shown
+    QPointer<QQuickItem> contentScope; // the visible box in the host
+    QString label;
+    QString instructionText;
+    QVariant result;
+    int width = 0;
+    int height = 0;
+    bool autoSize = false;
+    Dialog::Flags flags = Dialog::RejectOnEscape | Dialog::RejectOnCloseEvent;
+    bool busy = false;
+    QPoint autoSizeMargins;
+    QPointer<QQmlComponent> headerDelegate;
+    QPointer<QQmlComponent> contentDelegate;
+    QPointer<QQmlComponent> footerDelegate;
+    QPointer<QQmlComponent> footerControls;
+    QVariantMap headerOptions;
+    QVariantMap contentOptions;
+    QVariantMap footerOptions;
+    ComponentReference headerComponent;
+    ComponentReference footerComponent;
+    ObjectList<DialogButton> buttons;
+    QPointer<DialogButton> defaultButton;
+    QPointer<QQuickItem> previousFocusItem;
+
+    int locks = 0; // while there are any show() does nothing
+    bool onStack = false;
+    int answers = 0; // that are being given, from clicks and keys of the host's items maybe
+    QVector<QMetaObject::Connection> connections; // while shown
+
+    static SharedComponent m_sharedHostComponent;
+    static SharedComponent m_sharedHeaderComponent;
+    static SharedComponent m_sharedFooterComponent;
+    // The dialogs that are shown, in no order that counts. GUI thread only.
+    static QVector<DialogPrivate *> s_shown;
+    // How many dialogs are making their items, and which ones were asked to open meanwhile: a
+    // component makes one object at a time, and the last one to open is the top of the stack. GUI
+    // thread only.
+    static int s_creations;
+    static QVector<QPointer<Dialog>> s_waiting;
+};
+
+} // namespace ta::ui
