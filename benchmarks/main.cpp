@@ -58,6 +58,11 @@ int main(int argc, char **argv)
     const bench::Rows rows = bench::buttonRows() + bench::dialogRows() + bench::paletteRows()
                              + bench::popupRows() + bench::sliderRows() + bench::sceneGraphRows()
                              + bench::thumbnailRows();
+    const bench::Rows rows = bench::buttonRows() + bench::delegateRows() + bench::dragRows()
+                             + bench::dropRows() + bench::menuRows() + bench::paletteRows()
+                             + bench::popupRows() + bench::sceneGraphRows() + bench::scrollingRows()
+                             + bench::sliderRows() + bench::textRows() + bench::thumbnailRows()
+                             + bench::tooltipRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

@@ -2,6 +2,7 @@
 
 #include "stage.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 #include <QtQuick/QQuickItem>
@@ -29,16 +30,21 @@ double heapInUse()
 }
 
 // What \a counter counts while \a count objects are created, for one of them.
-double perObject(Stage &stage, const QByteArray &qml, int count, double (*counter)())
+double perObject(Stage &stage, const QByteArray &around, const QByteArray &qml, int count,
+                 double (*counter)())
 {
     stage.settle();
     const auto component = stage.compile(qml);
-    QQuickItem parent(stage.window().contentItem());
+    const auto outer = stage.compile(around.isEmpty() ? "import QtQuick 2.15; Item {}" : around);
+    const std::unique_ptr<QObject> parent(stage.create(*outer, stage.window().contentItem()));
     std::vector<std::unique_ptr<QObject>> objects;
     objects.reserve(count);
     const auto create = [&](int number) {
         for (int i = 0; i < number; ++i)
-            objects.emplace_back(stage.create(*component, &parent));
+            objects.emplace_back(
+                stage.create(*component, qobject_cast<QQuickItem *>(parent.get())));
+        if (!around.isEmpty())
+            QCoreApplication::sendPostedEvents();
     };
     create(kWarmUps);
     objects.clear();
@@ -161,12 +167,22 @@ double timeOpenings(Stage &stage, const Popup &kind, Opening which)
 
 Measure creationTime(const QByteArray &qml)
 {
-    return [qml](Stage &stage) { return perObject(stage, qml, kTimedObjects, threadTime); };
+    return creationTimeInside({}, qml);
 }
 
 Measure creationHeap(const QByteArray &qml)
 {
-    return [qml](Stage &stage) { return perObject(stage, qml, kWeighedObjects, heapInUse); };
+    return creationHeapInside({}, qml);
+}
+
+Measure creationTimeInside(const QByteArray &around, const QByteArray &qml)
+{
+    return [=](Stage &stage) { return perObject(stage, around, qml, kTimedObjects, threadTime); };
+}
+
+Measure creationHeapInside(const QByteArray &around, const QByteArray &qml)
+{
+    return [=](Stage &stage) { return perObject(stage, around, qml, kWeighedObjects, heapInUse); };
 }
 
 Measure frameTime(const Frames &frames, Before before, Until until)

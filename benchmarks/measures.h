@@ -14,6 +14,11 @@ Measure creationTime(const QByteArray &qml);
 /// Bytes of heap that one object inside a shown window takes.
 Measure creationHeap(const QByteArray &qml);
 
+/// The same inside an item that \a around makes, with what the objects have posted to be done at
+/// once.
+Measure creationTimeInside(const QByteArray &around, const QByteArray &qml);
+Measure creationHeapInside(const QByteArray &around, const QByteArray &qml);
+
 /// Frames of a window in which \a count objects lie beside and above each other.
 struct Frames
 {

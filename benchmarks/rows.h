@@ -7,10 +7,17 @@ namespace bench {
 // One function per bench_<theme>.cpp; main() puts their rows into one table.
 Rows buttonRows();
 Rows dialogRows();
+Rows delegateRows();
+Rows dragRows();
+Rows dropRows();
+Rows menuRows();
 Rows paletteRows();
 Rows popupRows();
 Rows sceneGraphRows();
+Rows scrollingRows();
 Rows sliderRows();
+Rows textRows();
 Rows thumbnailRows();
+Rows tooltipRows();
 
 } // namespace bench

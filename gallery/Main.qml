@@ -28,6 +28,7 @@ Window {
 
         height: parent.height
         currentPage: root.currentPage
+        objectName: "navigation"
         pages: root.pages
 
         onChosen: root.currentPage = name

@@ -1,8 +1,11 @@
 #include "trace.h"
 
 #include <TamberUi/ButtonBase>
+#include <TamberUi/ContextMenu>
+#include <TamberUi/DragZone>
 #include <TamberUi/DropZone>
 #include <TamberUi/LineEditBase>
+#include <TamberUi/MenuItem>
 #include <TamberUi/PopupAnchor>
 
 #include <QtCore/QJsonArray>
@@ -29,6 +32,20 @@ QString nearestName(const QQuickItem *item)
             return item->objectName();
     }
     return QStringLiteral("-");
+}
+
+// The menu entry that an item shows; null for other items.
+AbstractMenuItem *entryOf(const QQuickItem *item)
+{
+    return qvariant_cast<AbstractMenuItem *>(item->property("menuItem"));
+}
+
+QString nameOf(const QQuickItem *item)
+{
+    if (!item->objectName().isEmpty())
+        return item->objectName();
+    const AbstractMenuItem *entry = entryOf(item);
+    return entry ? entry->objectName() : QString();
 }
 
 } // namespace
@@ -107,7 +124,7 @@ void Trace::collect(QQuickItem *item, QRectF clip, QMap<QString, QRect> &places)
     if (!item->isVisible() || item->opacity() <= 0)
         return;
     const QRectF place = item->mapRectToScene(item->boundingRect());
-    const QString name = item->objectName();
+    const QString name = nameOf(item);
     // Popup anchors have no size.
     const bool seen = place.isEmpty() ? clip.contains(place.topLeft()) : clip.intersects(place);
     if (!name.isEmpty() && seen && !places.contains(name)) {
@@ -131,11 +148,20 @@ void Trace::follow(QQuickItem *item)
     } else if (auto *anchor = qobject_cast<PopupAnchor *>(item)) {
         connect(anchor, &PopupAnchor::popupVisibleChanged, this, &Trace::tellPopup,
                 Qt::UniqueConnection);
+    } else if (auto *entry = qobject_cast<MenuItem *>(entryOf(item))) {
+        connect(entry, &MenuItem::triggered, this, &Trace::tellTriggered, Qt::UniqueConnection);
+    } else if (auto *source = qobject_cast<DragZone *>(item)) {
+        connect(source, &DragZone::dragStarted, this, &Trace::tellDragBegin, Qt::UniqueConnection);
+        connect(source, &DragZone::dragEnded, this, &Trace::tellDragEnd, Qt::UniqueConnection);
     } else if (auto *zone = qobject_cast<DropZone *>(item)) {
         connect(zone, &DropZone::dragEnter, this, &Trace::tellDragOver, Qt::UniqueConnection);
         connect(zone, &DropZone::dragExit, this, &Trace::tellDragOff, Qt::UniqueConnection);
         connect(zone, &DropZone::drop, this, &Trace::tellDrop, Qt::UniqueConnection);
     }
+    const auto menus = item->findChildren<ContextMenu *>(QString(), Qt::FindDirectChildrenOnly);
+    for (ContextMenu *menu : menus)
+        connect(menu, &ContextMenu::menuVisibleChanged, this, &Trace::tellMenu,
+                Qt::UniqueConnection);
 }
 
 void Trace::tellFocus()
@@ -154,15 +180,36 @@ void Trace::tellPopup()
          + anchor->objectName());
 }
 
+void Trace::tellMenu()
+{
+    const auto *menu = qobject_cast<ContextMenu *>(sender());
+    tell(QLatin1String(menu->isMenuVisible() ? "menu open " : "menu closed ") + menu->objectName());
+}
+
 void Trace::tellClick()
 {
     tell(QLatin1String("clicked ") + sender()->objectName());
+}
+
+void Trace::tellTriggered()
+{
+    tell(QLatin1String("triggered ") + sender()->objectName());
 }
 
 void Trace::tellText()
 {
     const auto *edit = qobject_cast<LineEditBase *>(sender());
     tell(QLatin1String("text ") + edit->objectName() + QLatin1Char(' ') + edit->text());
+}
+
+void Trace::tellDragBegin()
+{
+    tell(QLatin1String("drag begins ") + sender()->objectName());
+}
+
+void Trace::tellDragEnd()
+{
+    tell(QLatin1String("drag ends ") + sender()->objectName());
 }
 
 void Trace::tellDragOver()

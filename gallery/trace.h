@@ -18,10 +18,11 @@
     \li \c{gone NAME}: the item can no longer be seen
     \li \c{focus NAME}: the active focus went to another item; \c - where it is nowhere
     \li \c{popup open NAME}, \c{popup closed NAME}: of a popup anchor
+    \li \c{menu open NAME}, \c{menu closed NAME}: of a context menu
     \li \c{clicked NAME}: of a button
+    \li \c{triggered NAME}: of a menu's entry, whose item goes by its name
     \li \c{text NAME TEXT}: of a line edit that holds another text
-}
-
+    \li \c{drag begins NAME}, \c{drag ends NAME}: of a drag zone
     \li \c{drag over NAME}, \c{drag off NAME}: of a drop zone that takes what is dragged
     \li \c{dropped NAME KEYS VALUE}: the keys as a number of Qt, the value as JSON
     \endlist
@@ -50,8 +51,12 @@ private Q_SLOTS:
     void scan();
     void tellFocus();
     void tellPopup();
+    void tellMenu();
     void tellClick();
+    void tellTriggered();
     void tellText();
+    void tellDragBegin();
+    void tellDragEnd();
     void tellDragOver();
     void tellDragOff();
     void tellDrop(const QVariant &value, Qt::KeyboardModifiers keys);

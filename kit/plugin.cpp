@@ -21,6 +21,7 @@
 #include <TamberUi/Icon>
 #include <TamberUi/ImageDropHandler>
 #include <TamberUi/JsonMimeData>
+#include <TamberUi/Loader>
 #include <TamberUi/Logging>
 #include <TamberUi/MenuItem>
 #include <TamberUi/MenuSeparator>
@@ -102,6 +103,7 @@ void registerPublic(const char *uri)
     qmlRegisterType<Icon>(uri, major, minor, "UiIcon");
     qmlRegisterType<ImageDropHandler>(uri, major, minor, "UiImageDropHandler");
     qmlRegisterType<JsonMimeData>(uri, major, minor, "UiJsonMimeData");
+    qmlRegisterType<Loader>(uri, major, minor, "UiLoader");
     qmlRegisterType<MenuItem>(uri, major, minor, "UiMenuItem");
     qmlRegisterType<MenuSeparator>(uri, major, minor, "UiMenuSeparator");
     qmlRegisterUncreatableType<MimeData>(uri, major, minor, "UiMimeData", baseOnly);
@@ -115,22 +117,11 @@ void registerPublic(const char *uri)
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
-             "UiCalendar",
-             "UiCheckBox",
-             "UiColorButton",
-             "UiColorPicker",
-             "UiComboBox",
-             "UiDateField",
-             "UiHorizontalSeparator",
-             "UiInfoTip",
-             "UiLineEdit",
-             "UiLoadIndicator",
-             "UiMessageBox",
-             "UiPushButton",
-             "UiSlider",
-             "UiSpinBox",
-             "UiText",
-             "UiToolButton",
+             "UiCalendar",    "UiCheckBox",   "UiColorButton",  "UiColorPicker",
+             "UiComboBox",    "UiDateField",  "UiGroup",        "UiHorizontalSeparator",
+             "UiInfoTip",     "UiLineEdit",   "UiListDelegate", "UiLoadIndicator",
+             "UiProgressBar", "UiMessageBox", "UiPushButton",   "UiSlider",
+             "UiSpinBox",     "UiSplitter",   "UiText",         "UiToolButton",
          }) {
         const QUrl url(QLatin1String("qrc:/tamber/Ui/") + QLatin1String(control)
                        + QLatin1String(".qml"));

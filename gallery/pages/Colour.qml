@@ -75,6 +75,72 @@ Page {
     }
 
     Card {
+        title: qsTr("Eyedropper")
+        summary: qsTr("Press the button, then the picture. Escape leaves everything as it was.")
+
+        Row {
+            spacing: 16
+
+            UiPushButton {
+                down: dropper.colorPickActive
+                objectName: "dropperButton"
+                text: dropper.colorPickActive ? qsTr("Press the picture") : qsTr("Pick a colour")
+                width: 152
+
+                onClicked: dropper.pickColor()
+            }
+
+            Rectangle {
+                width: 56
+                height: 32
+                border.color: UiColors.getColor(UiColors.Black, 0.2)
+                border.width: 1
+                color: dropper.color
+            }
+
+            UiText {
+                width: 80
+                height: 32
+                text: root.nameOf(dropper.color)
+            }
+
+            UiPushButton {
+                enabled: dropper.hasCustomColor
+                objectName: "keepButton"
+                style: Ui.SecondaryPushButtonStyle
+                text: qsTr("Add to my colours")
+
+                onClicked: dropper.writablePalettes[0].insertColor(dropper.color)
+            }
+        }
+
+        Row {
+            spacing: 16
+
+            Repeater {
+                model: Pictures.wall.slice(0, 3)
+
+                UiThumbnail {
+                    width: Math.floor((root.contentWidth - 48 - 32) / 3)
+                    height: Math.round(width * 2 / 3)
+                    objectName: "dropperPicture" + index
+                    source: modelData
+                }
+            }
+        }
+
+        UiColorPickerBase {
+            id: dropper
+
+            color: UiColors.getColor(UiColors.BlueGrey)
+            objectName: "dropper"
+
+            onColorPickActiveChanged: root.activity = colorPickActive ? qsTr("Picking: the circle shows the colour under the pointer.")
+                                                                      : qsTr("The eyedropper has %1").arg(root.nameOf(color))
+        }
+    }
+
+    Card {
         title: qsTr("Colour button")
         summary: qsTr("The picker in a popup, for forms and tool bars.")
 
@@ -147,72 +213,6 @@ Page {
                     text: qsTr("Disabled")
                 }
             }
-        }
-    }
-
-    Card {
-        title: qsTr("Eyedropper")
-        summary: qsTr("Press the button, then the picture. Escape leaves everything as it was.")
-
-        Row {
-            spacing: 16
-
-            Repeater {
-                model: Pictures.wall.slice(0, 3)
-
-                UiThumbnail {
-                    width: Math.floor((root.contentWidth - 48 - 32) / 3)
-                    height: Math.round(width * 2 / 3)
-                    objectName: "dropperPicture" + index
-                    source: modelData
-                }
-            }
-        }
-
-        Row {
-            spacing: 16
-
-            UiPushButton {
-                down: dropper.colorPickActive
-                objectName: "dropperButton"
-                text: dropper.colorPickActive ? qsTr("Press the picture") : qsTr("Pick a colour")
-                width: 152
-
-                onClicked: dropper.pickColor()
-            }
-
-            Rectangle {
-                width: 56
-                height: 32
-                border.color: UiColors.getColor(UiColors.Black, 0.2)
-                border.width: 1
-                color: dropper.color
-            }
-
-            UiText {
-                width: 80
-                height: 32
-                text: root.nameOf(dropper.color)
-            }
-
-            UiPushButton {
-                enabled: dropper.hasCustomColor
-                objectName: "keepButton"
-                style: Ui.SecondaryPushButtonStyle
-                text: qsTr("Add to my colours")
-
-                onClicked: dropper.writablePalettes[0].insertColor(dropper.color)
-            }
-        }
-
-        UiColorPickerBase {
-            id: dropper
-
-            color: UiColors.getColor(UiColors.BlueGrey)
-            objectName: "dropper"
-
-            onColorPickActiveChanged: root.activity = colorPickActive ? qsTr("Picking: the circle shows the colour under the pointer.")
-                                                                      : qsTr("The eyedropper has %1").arg(root.nameOf(color))
         }
     }
 }

@@ -45,7 +45,12 @@ Page {
     }
 
     function nameOf(url) {
-        return decodeURIComponent(url.toString().replace(/[?#].*/, "").replace(/\/+$/, "").split("/").pop())
+        const name = url.toString().replace(/[?#].*/, "").replace(/\/+$/, "").split("/").pop()
+        try {
+            return decodeURIComponent(name)
+        } catch (error) {
+            return name // not in UTF-8
+        }
     }
 
     function takeFiles(box, title, urls, modifiers) {

@@ -39,10 +39,8 @@ UiLineEditBase {
 
     Accessible.role: Accessible.EditableText
     Accessible.name: placeHolderText
-    Accessible.editable: !readOnly
     Accessible.readOnly: readOnly
     Accessible.passwordEdit: echoMode !== TextInput.Normal
-    Accessible.focusable: true
 
     // The text may have come before the item that shows it.
     onTextInputChanged: if (textInput === input) input.text = text
@@ -58,39 +56,34 @@ UiLineEditBase {
         radius: 3
     }
 
-    // A press beside the text is one on its nearest end.
-    MouseArea {
-        anchors.fill: parent
-
-        onPositionChanged: input.moveCursorSelection(input.positionAt(mouse.x - input.x))
-        onPressed: {
-            input.forceActiveFocus(Qt.MouseFocusReason)
-            input.cursorPosition = input.positionAt(mouse.x - input.x)
-        }
-    }
-
-    UiText {
+    Text {
         anchors.fill: input
         color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
         elide: Text.ElideRight
+        font: input.font
         horizontalAlignment: input.effectiveHorizontalAlignment
+        leftPadding: input.leftPadding
+        rightPadding: input.rightPadding
         text: root.placeHolderText
+        textFormat: Text.PlainText
+        verticalAlignment: Text.AlignVCenter
         visible: input.displayText === ""
-
-        Accessible.ignored: true
     }
 
     TextInput {
         id: input
 
-        anchors.fill: parent
-        anchors.leftMargin: 12 + root.leftInset
-        anchors.rightMargin: 12 + root.rightInset
+        x: 4 + root.leftInset
+        y: 1
+        width: root.width - 8 - root.leftInset - root.rightInset
+        height: root.height - 2
         activeFocusOnTab: true
         clip: true
         color: UiColors.getColor(root.enabled ? UiColors.DarkGrey80 : UiColors.MediumGrey33)
         font: UiFonts.getFont(UiFonts.Regular, 14)
+        leftPadding: 8 // a press there is one on the text
         maximumLength: 0x7fffffff // the text is the host's, and none of it is cut off
+        rightPadding: 8
         selectByMouse: true
         selectedTextColor: UiColors.getColor(UiColors.Black)
         selectionColor: UiColors.getColor(UiColors.SelectionGreen)

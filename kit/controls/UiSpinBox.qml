@@ -108,7 +108,7 @@ FocusScope {
         focus: true
         inputMethodHints: Qt.ImhFormattedNumbersOnly
         objectName: root.objectName === "" ? "" : root.objectName + "Field"
-        rightInset: arrows.width - 4 + (unitText.visible ? unitText.width + 4 : 0)
+        rightInset: up.width + (unitText.text === "" ? 0 : unitText.width)
         text: numbers.displayString
 
         Accessible.ignored: true
@@ -117,55 +117,66 @@ FocusScope {
         onUpdateRequested: if (newValue !== numbers.displayString) root.pick(numbers.parseNumber(newValue))
     }
 
-    UiText {
+    Text {
         id: unitText
 
-        anchors.right: arrows.left
+        anchors.right: up.left
         anchors.rightMargin: 6
         height: parent.height
         color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
+        font: UiFonts.getFont(UiFonts.Regular, 14)
         text: root.unit
-        visible: text !== ""
-
-        Accessible.ignored: true
+        textFormat: Text.PlainText
+        verticalAlignment: Text.AlignVCenter
     }
 
-    Column {
-        id: arrows
+    SpinBoxArrow {
+        id: up
 
-        anchors.right: parent.right
-        anchors.rightMargin: 1
+        x: root.width - width - 1
         y: 1
-        width: 23
+        height: Math.ceil((root.height - 2) / 2)
+        objectName: root.objectName === "" ? "" : root.objectName + "Up"
+        offset: 1
+        source: "qrc:/ui/images/spinbox-arrow-up.png"
 
-        SpinBoxArrow {
-            id: up
+        onPressedChanged: repetition.press(pressed, 1)
+    }
 
-            width: parent.width
-            height: Math.ceil((root.height - 2) / 2)
-            objectName: root.objectName === "" ? "" : root.objectName + "Up"
-            offset: 1
-            source: "qrc:/ui/images/spinbox-arrow-up.png"
+    SpinBoxArrow {
+        id: down
 
-            onStepped: {
-                field.forceActiveFocus(Qt.MouseFocusReason)
-                root.step(1)
-            }
+        x: up.x
+        y: up.y + up.height
+        height: root.height - 2 - up.height
+        objectName: root.objectName === "" ? "" : root.objectName + "Down"
+        offset: -1
+        source: "qrc:/ui/images/spinbox-arrow-down.png"
+
+        onPressedChanged: repetition.press(pressed, -1)
+    }
+
+    // A press steps at once, and then again and again while it is held.
+    Timer {
+        id: repetition
+
+        property int count: 0
+
+        function press(pressed, stepCount) {
+            count = stepCount
+            interval = 400
+            running = pressed
+            if (!pressed)
+                return
+            field.forceActiveFocus(Qt.MouseFocusReason)
+            root.step(count)
         }
 
-        SpinBoxArrow {
-            id: down
+        repeat: true
 
-            width: parent.width
-            height: root.height - 2 - up.height
-            objectName: root.objectName === "" ? "" : root.objectName + "Down"
-            offset: -1
-            source: "qrc:/ui/images/spinbox-arrow-down.png"
-
-            onStepped: {
-                field.forceActiveFocus(Qt.MouseFocusReason)
-                root.step(-1)
-            }
+        onTriggered: {
+            interval = 60
+            root.step(count)
         }
     }
 

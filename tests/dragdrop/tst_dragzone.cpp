@@ -51,6 +51,8 @@ private Q_SLOTS:
     void ownArea();
     void proxy();
     void nestedZones();
+    void handlersThatDestroy_data();
+    void handlersThatDestroy();
     void badDelegates_data();
     void badDelegates();
     void attachedProperties();
@@ -295,6 +297,37 @@ void tst_DragZone::nestedZones()
         release(scene.window(), QPoint(160, 150));
         QCOMPARE(log.take(), names({ "innerdragStarted", "innerdragEnded" }));
     }
+}
+
+void tst_DragZone::handlersThatDestroy_data()
+{
+    QTest::addColumn<QString>("signal");
+    for (const char *signal :
+         { "mousePressed", "dragActiveChanged", "dragStarted", "mouseReleased" })
+        QTest::newRow(signal) << QString::fromLatin1(signal);
+}
+
+// The event that it happens in is taken: the item it was for is gone with the zone.
+void tst_DragZone::handlersThatDestroy()
+{
+    QFETCH(QString, signal);
+    const QPointer<DragZone> zone(m_zone);
+    const auto destroyIn = [&](const char *name) {
+        if (signal == QLatin1String(name))
+            delete zone;
+    };
+    connect(zone, &DragZone::mousePressed, this, [&] { destroyIn("mousePressed"); });
+    connect(zone, &DragZone::dragActiveChanged, this, [&] { destroyIn("dragActiveChanged"); });
+    connect(zone, &DragZone::dragStarted, this, [&] { destroyIn("dragStarted"); });
+    connect(zone, &DragZone::mouseReleased, this, [&] { destroyIn("mouseReleased"); });
+    bool taken = send(QEvent::MouseButtonPress, QPointF(10, 10));
+    if (zone)
+        taken = send(QEvent::MouseMove, QPointF(90, 10));
+    if (zone)
+        taken = send(QEvent::MouseButtonRelease, QPointF(90, 10), Qt::NoButton);
+    QVERIFY(!zone);
+    QVERIFY(taken);
+    QCoreApplication::processEvents();
 }
 
 void tst_DragZone::badDelegates_data()

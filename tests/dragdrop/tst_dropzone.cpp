@@ -430,8 +430,9 @@ void tst_DropZone::zoneDies_data()
     QTest::addColumn<QString>("signal");
     QTest::newRow("asked") << QStringLiteral("asked");
     QTest::newRow("extract") << QStringLiteral("extract");
-    const QStringList signalNames = kEntered + kLeft + kDropped;
-    for (const QString &name : signalNames)
+    QStringList signalNames = kEntered + kLeft + kDropped;
+    signalNames.removeDuplicates();
+    for (const QString &name : qAsConst(signalNames))
         QTest::addRow("%s", qPrintable(name)) << name;
 }
 
@@ -440,9 +441,7 @@ void tst_DropZone::zoneDies()
 {
     QFETCH(QString, signal);
     for (int occasion = 1; occasion <= 3; ++occasion) {
-        Scene scene(kZone);
-        QVERIFY(scene.isValid());
-        const QPointer<DropZone> zone = scene.find<DropZone>("zone");
+        const QPointer<DropZone> zone = new DropZone;
         Handler handler;
         append(zone, &handler);
         int countdown = occasion;

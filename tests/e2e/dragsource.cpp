@@ -1,6 +1,7 @@
 // A window of another program, out of which files can be dragged.
 // Usage: dragsource --trace FILE...
-// It tells of itself as the gallery does: "ready files", "item files X Y W H", "drag ended ACTION".
+// It tells of itself as the gallery does: "ready files", "item files X Y W H", "drag begins files",
+// "drag ends files".
 
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
@@ -14,6 +15,12 @@
 #include <cstdio>
 
 namespace {
+
+void tell(const char *line)
+{
+    std::fputs(line, stdout);
+    std::fflush(stdout);
+}
 
 class Source : public QRasterWindow
 {
@@ -46,18 +53,22 @@ protected:
         auto *data = new QMimeData;
         data->setUrls(m_urls);
         drag->setMimeData(data);
-        const Qt::DropAction action = drag->exec(Qt::CopyAction);
-        std::printf("drag ended %d\n", int(action));
-        std::fflush(stdout);
+        tell("drag begins files\n");
+        drag->exec(Qt::CopyAction);
+        tell("drag ends files\n");
     }
 
 private:
     void tellPlace()
     {
         const QPoint corner = mapToGlobal(QPoint());
-        std::printf("ready files\nitem files %d %d %d %d\n", corner.x(), corner.y(), width(),
-                    height());
-        std::fflush(stdout);
+        const QString place = QStringLiteral("item files %1 %2 %3 %4\n")
+                                  .arg(corner.x())
+                                  .arg(corner.y())
+                                  .arg(width())
+                                  .arg(height());
+        tell("ready files\n");
+        tell(qPrintable(place));
     }
 
     const QList<QUrl> m_urls;

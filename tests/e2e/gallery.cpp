@@ -9,6 +9,7 @@ namespace ta::test {
 namespace {
 
 constexpr int kPatience = 20000; // ms for anything the gallery has to do, on a slow machine
+constexpr int kThickestFrame = 60; // of a window manager, left and top added up
 
 void input(const QStringList &arguments)
 {
@@ -138,7 +139,7 @@ void Gallery::resize(const QSize &size, const QString &moved)
         qWarning("The item \"%s\" has not followed the window's size", qPrintable(moved));
 }
 
-bool Gallery::arrange(const QRect &geometry, const QString &inside)
+bool Gallery::arrange(const QRect &geometry, const QString &corner)
 {
     input({ QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--onlyvisible"),
             QStringLiteral("--all"), QStringLiteral("--pid"),
@@ -146,15 +147,36 @@ bool Gallery::arrange(const QRect &geometry, const QString &inside)
             QStringLiteral("windowsize"), QString::number(geometry.width()),
             QString::number(geometry.height()), QStringLiteral("windowmove"),
             QString::number(geometry.x()), QString::number(geometry.y()) });
-    return QTest::qWaitFor([&] { return geometry.contains(area(inside)); }, kPatience);
+    const auto isThere = [&] {
+        const QRect place = area(corner);
+        const QPoint frame = place.topLeft() - geometry.topLeft();
+        return place.height() == geometry.height() && frame.manhattanLength() < kThickestFrame;
+    };
+    return QTest::qWaitFor(isThere, kPatience);
 }
 
-void Gallery::drag(const QString &name)
+bool Gallery::drag(const QString &name)
 {
     const QPoint start = place(name);
     input(moveTo(start) + QStringList { QStringLiteral("mousedown"), QStringLiteral("1") });
-    for (int distance = 0; distance <= 40; distance += 10)
+    for (int distance = 10; distance <= 40; distance += 10)
         input(moveTo(start + QPoint(distance, 0)));
+    return says(QLatin1String("drag begins ") + name);
+}
+
+void Gallery::drag(const QPoint &begin, const QPoint &end)
+{
+    input(moveTo(begin) + QStringList { QStringLiteral("mousedown"), QStringLiteral("1") }
+          + moveTo((begin + end) / 2) + moveTo(end)
+          + QStringList { QStringLiteral("mouseup"), QStringLiteral("1") });
+}
+
+void Gallery::wheel(const QString &name, int steps)
+{
+    const char *const button = steps > 0 ? "4" : "5"; // as X counts the ways to turn it
+    input(moveTo(place(name))
+          + QStringList { QStringLiteral("click"), QStringLiteral("--repeat"),
+                          QString::number(qAbs(steps)), QString::fromLatin1(button) });
 }
 
 bool Gallery::dragTo(const QPoint &position, const QString &line)

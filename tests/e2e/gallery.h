@@ -46,17 +46,22 @@ public:
     /// The keys of the characters of \a text, one after the other.
     void type(const char *text);
 
-    /// Puts the window there, and waits until the item \a inside has followed.
-    bool arrange(const QRect &geometry, const QString &inside);
+    /// Puts the window there, and waits until the item \a corner has followed, which is in the
+    /// window's top-left corner and as high as the window.
+    bool arrange(const QRect &geometry, const QString &corner = QStringLiteral("navigation"));
     /// Gives the window another size, and waits until the item \a moved has followed.
     void resize(const QSize &size, const QString &moved);
 
-    /// Holds the left button down on the item's middle, and goes on to where a drag begins.
-    void drag(const QString &name);
+    /// Holds the left button down on the item's middle, and goes on until a drag has begun.
+    bool drag(const QString &name);
     /// Goes on with the drag to \a position; stays in motion there, as a hand does, until the trace
     /// says \a line.
     bool dragTo(const QPoint &position, const QString &line);
     static void release();
+    /// The whole of a drag from \a begin to \a end, of something that follows the pointer.
+    static void drag(const QPoint &begin, const QPoint &end);
+    /// Turns the wheel over the item's middle by \a steps notches; upwards is positive.
+    void wheel(const QString &name, int steps);
     /// Of the keys that are held together with others, such as "shift".
     static void keyDown(const char *name);
     static void keyUp(const char *name);

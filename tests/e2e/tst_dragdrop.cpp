@@ -23,6 +23,7 @@ namespace {
 const QStringList kPage = { QStringLiteral("--page"), QStringLiteral("drag-and-drop") };
 const QString kReady = QStringLiteral("ready drag-and-drop");
 const QString kCard1 = QStringLiteral("card1");
+const QString kEnd = QStringLiteral("drag ends card1");
 const QString kIdeas = QStringLiteral("ideas");
 const QString kAir = QStringLiteral("air");
 
@@ -68,12 +69,12 @@ void tst_DragDrop::cardBetweenGalleries()
 {
     Gallery first(kPage);
     QVERIFY(first.says(kReady));
-    QVERIFY(first.arrange(kFirst, kAir));
+    QVERIFY(first.arrange(kFirst));
     Gallery second(kPage);
     QVERIFY(second.says(kReady));
-    QVERIFY(second.arrange(kSecond, kAir));
+    QVERIFY(second.arrange(kSecond));
 
-    first.drag(kCard1);
+    QVERIFY(first.drag(kCard1));
     QVERIFY(first.dragTo(first.place(kAir), over(kAir)));
     QVERIFY(second.dragTo(second.place(kIdeas), over(kIdeas)));
     QVERIFY(first.says(off(kAir)));
@@ -104,7 +105,7 @@ void tst_DragDrop::cardBetweenColumns()
         const QRect before = gallery.area(kCard1);
         const QString from = copies ? kAir : kIdeas;
         const QString to = copies ? kIdeas : kAir;
-        gallery.drag(kCard1);
+        QVERIFY(gallery.drag(kCard1));
         QVERIFY(gallery.dragTo(gallery.place(to), over(to)));
         if (copies)
             Gallery::keyDown("ctrl");
@@ -130,24 +131,26 @@ void tst_DragDrop::escape()
 {
     Gallery first(kPage);
     QVERIFY(first.says(kReady));
-    QVERIFY(first.arrange(kFirst, kAir));
+    QVERIFY(first.arrange(kFirst));
     Gallery second(kPage);
     QVERIFY(second.says(kReady));
-    QVERIFY(second.arrange(kSecond, kAir));
+    QVERIFY(second.arrange(kSecond));
 
-    first.drag(kCard1);
+    QVERIFY(first.drag(kCard1));
     QVERIFY(second.dragTo(second.place(kAir), over(kAir)));
     first.key("Escape");
     QVERIFY(second.says(off(kAir)));
+    QVERIFY(first.says(kEnd));
     Gallery::release();
 
     // The next drag is one like any other.
-    first.drag(kCard1);
+    QVERIFY(first.drag(kCard1));
     QVERIFY(first.dragTo(first.place(kAir), over(kAir)));
     first.key("Escape");
     QVERIFY(first.says(off(kAir)));
+    QVERIFY(first.says(kEnd));
     Gallery::release();
-    first.drag(kCard1);
+    QVERIFY(first.drag(kCard1));
     QVERIFY(second.dragTo(second.place(kAir), over(kAir)));
     Gallery::release();
     QVERIFY(second.says(dropped(kAir, Qt::NoModifier, firstCard(kIdeas))));
@@ -159,7 +162,7 @@ void tst_DragDrop::files()
 {
     Gallery gallery(kPage);
     QVERIFY(gallery.says(kReady));
-    QVERIFY(gallery.arrange(QRect(0, 0, 1180, 840), QStringLiteral("files")));
+    QVERIFY(gallery.arrange(QRect(0, 0, 1180, 840)));
     Gallery source(QStringLiteral(TAMBERUI_DRAGSOURCE),
                    { QStringLiteral("/tmp/b.MOV"), QStringLiteral("/tmp/a note.txt"),
                      QStringLiteral("/tmp/c.png"), QStringLiteral("/tmp/a.mkv") });
@@ -177,16 +180,18 @@ void tst_DragDrop::files()
         { "pictures", R"(["file:///tmp/c.png"])" },
         { "videos", R"(["file:///tmp/b.MOV","file:///tmp/a.mkv"])" },
     };
+    const QString end = QStringLiteral("drag ends files");
     for (const auto &box : boxes) {
         const QString zone = QString::fromLatin1(box.zone);
-        source.drag(start);
+        QVERIFY(source.drag(start));
         QVERIFY(gallery.dragTo(gallery.place(zone), over(zone)));
         Gallery::release();
         QVERIFY(gallery.says(dropped(zone, Qt::NoModifier, QString::fromLatin1(box.value))));
+        QVERIFY(source.says(end));
     }
 
     // The board has no use for files.
-    source.drag(start);
+    QVERIFY(source.drag(start));
     gallery.move(kAir);
     QVERIFY(
         gallery.dragTo(gallery.place(QStringLiteral("videos")), over(QStringLiteral("videos"))));

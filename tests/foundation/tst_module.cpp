@@ -58,6 +58,7 @@ void tst_Module::privateModule()
         { "UiToolButtonBase", "ta::ui::ToolButtonBase" },
         { "UiPushButtonBase", "ta::ui::PushButtonBase" },
         { "UiSliderBase", "ta::ui::SliderBase" },
+        { "UiDelegateBase", "ta::ui::DelegateBase" },
         { "UiColorPickerBase", "ta::ui::ColorPickerBase" },
         { "UiPaletteItem", "ta::ui::PaletteItem" },
         { "UiLineEditBase", "ta::ui::LineEditBase" },

@@ -157,6 +157,9 @@ void tst_ContextMenu::ranking()
     QCOMPARE(objectNames(menu, "rankedItems"), ranked);
     menu->removeItem(nullptr);
     QCOMPARE(objectNames(menu, "rankedItems").first(), QStringLiteral("two"));
+    two->setRank({ 9 });
+    Q_EMIT menu->itemsChanged();
+    QCOMPARE(objectNames(menu, "rankedItems").last(), QStringLiteral("two"));
 
     // Destroyed entries stay in the lists as null.
     delete two;

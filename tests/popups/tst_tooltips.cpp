@@ -186,6 +186,28 @@ void tst_Tooltips::whatIsShown_data()
                                  << QString();
     QTest::newRow("transformed into place")
         << tip("x: 400; transform: Translate { x: -400 }", "yes") << QStringLiteral("yes");
+    QTest::newRow("clipped away")
+        << QStringLiteral("Item { width: 40; height: 40; clip: true\n%1 }").arg(tip("", "no"))
+        << QString();
+    QTest::newRow("clipped elsewhere")
+        << QStringLiteral("Item { width: 60; height: 60; clip: true\n%1 }").arg(tip("", "yes"))
+        << QStringLiteral("yes");
+    QTest::newRow("below a popup")
+        << tip("", "no")
+               + QStringLiteral("UiPopupAnchor { popupVisible: true; Item { width: 60; height: 60 "
+                                "} }")
+        << QString();
+    QTest::newRow("beside a popup")
+        << tip("", "yes")
+               + QStringLiteral("UiPopupAnchor { popupVisible: true; Item { width: 40; height: 40 "
+                                "} }")
+        << QStringLiteral("yes");
+    QTest::newRow("in a popup")
+        << tip("", "no")
+               + QStringLiteral("UiPopupAnchor { popupVisible: true; Item { width: 60; height: 60\n"
+                                "UiTooltip { text: 'lost' }\nUiTooltipAgent { %1 } } }")
+                     .arg(tip("", "elsewhere"))
+        << QString();
     QTest::newRow("of no item") << QStringLiteral("property QtObject holder: QtObject {\n"
                                                   "property var tip: UiTooltip { text: 'no' } }")
                                 << QString();

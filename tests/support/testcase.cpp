@@ -34,6 +34,8 @@ bool isNoise(const QString &message)
     static const char *const beginnings[] = {
         "This plugin does not support propagateSizeHints()",
         "QStandardPaths: XDG_RUNTIME_DIR not set",
+        "QXcbConnection: XCB error: 3 (BadWindow)", // a drag tells its window of its end, which is
+                                                    // gone
     };
     return std::any_of(std::begin(beginnings), std::end(beginnings), [&](const char *beginning) {
         return message.startsWith(QLatin1String(beginning));

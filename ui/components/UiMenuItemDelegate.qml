@@ -45,6 +45,7 @@ Item {
         color: UiColors.getColor(root.pressed ? UiColors.SelectionGreen
                                 : root.hovered ? UiColors.HoverGreen
                                 : UiColors.White)
+        visible: root.pressed || root.hovered // white on the white frame
     }
 
     UiIcon {

@@ -16,6 +16,7 @@ Item {
     Item {
         id: tooltip
 
+        objectName: "tooltip"
         x: Math.min(0, uiTooltip.availWidth - uiTooltip.x - width - uiTooltip.borderOffset)
         y: 20
         width: Math.min(uiTooltip.maximumWidth, label.implicitWidth + 22)

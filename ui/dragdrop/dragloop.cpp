@@ -30,10 +30,8 @@ void DragLoop::exec()
 {
     if (!m_drag || m_cancelled)
         return;
-    m_running = true;
     const Qt::DropAction action = m_drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction,
                                                Qt::MoveAction);
-    m_running = false;
     // A target in another process asks for the payload only now. The platform deletes the drag once
     // it has been told that the target is done, and the source may be gone before that.
     if (m_drag && action != Qt::IgnoreAction) {
@@ -42,13 +40,11 @@ void DragLoop::exec()
     }
 }
 
+// Not at once: in the middle of a move the platform would set its cursor once more afterwards, and
+// before its loop runs it would not hear of it.
 void DragLoop::cancel()
 {
     m_cancelled = true;
-    if (!m_running)
-        return;
-    QDrag::cancel();
-    // The platform may have called us before its loop runs, and then it has not heard that.
     QMetaObject::invokeMethod(
         &m_context, [] { QDrag::cancel(); }, Qt::QueuedConnection);
 }

@@ -29,7 +29,8 @@ public:
     /// Returns when the drag is over.
     void exec();
 
-    /// Ends the drag without a drop, now or before it has begun.
+    /// Ends the drag without a drop as soon as the events in progress are over, or before it
+    /// begins.
     void cancel();
     bool isCancelled() const { return m_cancelled; }
 
@@ -38,9 +39,8 @@ public:
 
 private:
     QPointer<QDrag> m_drag;
-    QObject m_context; // of what must not happen after the loop
+    QObject m_context; // what it has been told to do goes with the loop
     bool m_cancelled = false;
-    bool m_running = false;
 };
 
 } // namespace ta::ui

@@ -80,7 +80,7 @@ public:
 
     bool released = false; // the left button, since its press
     DragLoop *loop = nullptr; // on the stack of doDrag()
-    QPointer<QQuickWindow> filteredWindow;
+    QPointer<QObject> filteredWindow; // which hides when it is not a QQuickWindow any more
 };
 
 // --- The gesture --------------------------------------------------------------------------------

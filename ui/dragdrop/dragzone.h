@@ -83,7 +83,8 @@ Q_SIGNALS:
     void mimeDataChanged();
     /// The left button, and no other, was pressed on an item inside the zone.
     void mousePressed();
-    /// A button was released after a press inside the zone, before any drag began.
+    /// A button was released that went down on an item inside the zone; not after a drag, which has
+    /// taken the mouse from that item.
     void mouseReleased();
     /// The pointer has gone far enough; the platform's drag begins right afterwards.
     void dragStarted();

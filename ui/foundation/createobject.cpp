@@ -13,11 +13,8 @@ QObject *createObject(QQmlComponent *component, const std::function<void(QObject
                       QQmlContext *context)
 {
     const QPointer<QQmlComponent> guard(component);
-    // A component made in C++ has no creation context.
     if (!context)
-        context = component->creationContext();
-    if (!context && component->engine())
-        context = component->engine()->rootContext();
+        context = creationContext(component, nullptr);
     if (!context || !context->isValid())
         return nullptr;
 
@@ -45,7 +42,11 @@ QObject *createObject(QQmlComponent *component, const std::function<void(QObject
 QQmlContext *creationContext(const QQmlComponent *component, const QObject *user)
 {
     QQmlContext *context = component->creationContext();
-    return context ? context : qmlContext(user);
+    if (!context && user)
+        context = qmlContext(user);
+    if (!context && component->engine())
+        context = component->engine()->rootContext();
+    return context;
 }
 
 } // namespace ta::ui

@@ -20,8 +20,9 @@ namespace ta::ui {
 QObject *createObject(QQmlComponent *component, const std::function<void(QObject *)> &prepare,
                       QQmlContext *context = nullptr);
 
-/// Where \a component was declared, or, where it was made in C++, where \a user was: the context
-/// that an object which \a user shows is created in. Null where there is neither.
+/// Where \a component was declared; where it was made in C++, where \a user (which may be null)
+/// was; else the root context of the component's engine: the context to create an object for \a
+/// user in. Null where there is none of them.
 QQmlContext *creationContext(const QQmlComponent *component, const QObject *user);
 
 } // namespace ta::ui

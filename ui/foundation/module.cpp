@@ -3,6 +3,7 @@
 #include "controls/buttonbase.h"
 #include "controls/calendarinfo.h"
 #include "controls/checkbuttonbase.h"
+#include "controls/delegatebase.h"
 #include "controls/lineeditbase.h"
 #include "controls/pushbuttonbase.h"
 #include "controls/sliderbase.h"
@@ -32,6 +33,7 @@ void register_private()
     qmlRegisterType<ToolButtonBase>(uri, major, minor, "UiToolButtonBase");
     qmlRegisterType<PushButtonBase>(uri, major, minor, "UiPushButtonBase");
     qmlRegisterType<SliderBase>(uri, major, minor, "UiSliderBase");
+    qmlRegisterType<DelegateBase>(uri, major, minor, "UiDelegateBase");
     qmlRegisterType<ColorPickerBase>(uri, major, minor, "UiColorPickerBase");
     qmlRegisterType<PaletteItem>(uri, major, minor, "UiPaletteItem");
     qmlRegisterType<LineEditBase>(uri, major, minor, "UiLineEditBase");

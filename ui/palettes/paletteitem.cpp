@@ -12,25 +12,39 @@
 #include <QtQml/QQmlEngine>
 #include <QtQml/qqml.h>
 
-#include <algorithm>
-
 namespace ta::ui {
 
 namespace {
-
-struct PatchInfo
-{
-    QPointer<QQuickItem> item; // null for a separator
-    bool separator = false;
-};
 
 // What a patch is told; it knows the rest by itself.
 struct PatchState
 {
     QColor color;
+    QPointer<ColorPickerBase> colorPicker;
     int swatchIndex = 0;
     int colorIndex = 0;
 };
+
+struct PatchInfo
+{
+    QPointer<QQuickItem> item; // null for a separator
+    bool separator = false;
+    PatchState state;
+};
+
+// A patch that was made just now knows nothing. Looking a property up by its name takes longer than
+// all the rest, so another one is told only what is new to it.
+void tell(QObject *patch, const PatchState &state, const PatchState *known = nullptr)
+{
+    if (!known || known->color != state.color)
+        patch->setProperty("color", state.color);
+    if (!known || known->colorPicker != state.colorPicker)
+        patch->setProperty("colorPicker", QVariant::fromValue<QQuickItem *>(state.colorPicker));
+    if (!known || known->swatchIndex != state.swatchIndex)
+        patch->setProperty("swatchIndex", state.swatchIndex);
+    if (!known || known->colorIndex != state.colorIndex)
+        patch->setProperty("colorIndex", state.colorIndex);
+}
 
 } // namespace
 
@@ -41,17 +55,15 @@ public:
 
     bool canShow() const;
     void follow(const QList<ColorSwatch *> &swatches);
-    QQuickItem *takePatch(const PatchState &state);
-    void tell(QObject *patch, const PatchState &state) const;
+    QVector<PatchInfo> takePatches();
+    QQuickItem *createPatch(const PatchState &state);
+    void addPatch(QVector<PatchInfo> &spare, const PatchState &state);
 
     PaletteItem *const q;
     QPointer<ColorPickerBase> colorPicker;
     QPointer<Palette> palette;
     QQmlComponent *component = nullptr; // child of the item, created on first need
-    QVector<PatchInfo> patches; // in display order
-    // The live patches, owned by the item, the last one first: those that are taken from the end
-    // again have the places that they had before, so a change moves no hover and no ring.
-    ObjectList<QQuickItem> patchItems;
+    QVector<PatchInfo> patches; // in display order; the items are owned by the item
     ObjectList<ColorSwatch> followed;
 };
 
@@ -79,24 +91,23 @@ void PaletteItemPrivate::follow(const QList<ColorSwatch *> &swatches)
         QObject::connect(swatch, &ColorSwatch::colorsChanged, q, &PaletteItem::updatePatches);
 }
 
-void PaletteItemPrivate::tell(QObject *patch, const PatchState &state) const
+// All the patches, to be used again. The last one comes first: taken from the end, each gets back
+// the place that it had, so a change moves no hover and no ring.
+QVector<PatchInfo> PaletteItemPrivate::takePatches()
 {
-    patch->setProperty("color", state.color);
-    patch->setProperty("colorPicker", QVariant::fromValue<QQuickItem *>(colorPicker));
-    patch->setProperty("swatchIndex", state.swatchIndex);
-    patch->setProperty("colorIndex", state.colorIndex);
+    QVector<PatchInfo> taken;
+    for (int i = patches.count() - 1; i >= 0; --i) {
+        if (patches.at(i).item)
+            taken.append(patches.at(i));
+    }
+    patches.clear();
+    return taken;
 }
 
-// A patch that is free, or a new one; null where none can be made.
-QQuickItem *PaletteItemPrivate::takePatch(const PatchState &state)
+// Null where none can be made. The patch knows its picker and colour before its bindings run, which
+// need both.
+QQuickItem *PaletteItemPrivate::createPatch(const PatchState &state)
 {
-    while (!patchItems.isEmpty()) {
-        if (QQuickItem *patch = patchItems.takeLast()) {
-            tell(patch, state);
-            return patch;
-        }
-    }
-    // It knows its picker and colour before its bindings run, which need both.
     QObject *object = createObject(
         component,
         [&](QObject *created) {
@@ -108,6 +119,21 @@ QQuickItem *PaletteItemPrivate::takePatch(const PatchState &state)
         },
         qmlContext(q));
     return qobject_cast<QQuickItem *>(object);
+}
+
+void PaletteItemPrivate::addPatch(QVector<PatchInfo> &spare, const PatchState &state)
+{
+    PatchInfo patch;
+    while (!patch.item && !spare.isEmpty())
+        patch = spare.takeLast();
+    if (patch.item)
+        tell(patch.item, state, &patch.state);
+    else
+        patch.item = createPatch(state);
+    if (!patch.item)
+        return;
+    patch.state = state;
+    patches.append(patch);
 }
 
 PaletteItem::PaletteItem(QQuickItem *parent)
@@ -166,30 +192,23 @@ void PaletteItem::updatePatches()
     if (d->component && !d->component->isReady())
         return;
 
-    d->patches.clear();
-    ObjectList<QQuickItem> used;
+    QVector<PatchInfo> spare = d->takePatches();
     const QList<ColorSwatch *> swatches = d->palette ? d->palette->swatches()
                                                      : QList<ColorSwatch *>();
     d->follow(swatches);
     for (int swatchIndex = 0; canShow && swatchIndex < swatches.count(); ++swatchIndex) {
         const QList<QColor> colors = swatches.at(swatchIndex)->colors();
         for (int colorIndex = 0; colorIndex < colors.count(); ++colorIndex) {
-            QQuickItem *patch = d->takePatch({ colors.at(colorIndex), swatchIndex, colorIndex });
-            if (!patch)
-                continue;
-            d->patches.append({ patch, false });
-            used.append(patch);
+            d->addPatch(spare, { colors.at(colorIndex), d->colorPicker, swatchIndex, colorIndex });
         }
-        d->patches.append({ nullptr, true });
+        d->patches.append({ nullptr, true, {} });
     }
-    for (const auto &patch : qAsConst(d->patchItems)) {
-        if (!patch)
+    for (const PatchInfo &patch : qAsConst(spare)) {
+        if (!patch.item)
             continue;
-        patch->setParentItem(nullptr);
-        patch->deleteLater();
+        patch.item->setParentItem(nullptr);
+        patch.item->deleteLater();
     }
-    std::reverse(used.begin(), used.end());
-    d->patchItems = used;
     polish();
 }
 

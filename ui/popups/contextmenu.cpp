@@ -31,8 +31,7 @@ ContextMenuPrivate *menuOf(ItemList *list)
 
 void _ta_appendItem(ItemList *list, AbstractMenuItem *item)
 {
-    menuOf(list)->items.append(item);
-    Q_EMIT menuOf(list)->q->itemsChanged();
+    menuOf(list)->q->addItem(item);
 }
 
 int _ta_itemCount(ItemList *list)
@@ -48,7 +47,7 @@ AbstractMenuItem *_ta_itemAt(ItemList *list, int index)
 void _ta_clearItems(ItemList *list)
 {
     if (clearObjects(menuOf(list)->items))
-        Q_EMIT menuOf(list)->q->itemsChanged();
+        menuOf(list)->tellItemsChanged();
 }
 
 int rankedCount(ItemList *list)
@@ -81,6 +80,31 @@ bool holdsMouse(const QQuickItem *item)
 
 } // namespace
 
+// --- The entries --------------------------------------------------------------------------------
+
+void ContextMenuPrivate::tellItemsChanged()
+{
+    rankedCache.clear();
+    Q_EMIT q->itemsChanged();
+}
+
+void ContextMenuPrivate::rankItems()
+{
+    if (rankedCache.count() == items.count())
+        return;
+    // The host may emit the signal, too, to have ranks that changed counted.
+    QObject::connect(q, &ContextMenu::itemsChanged, q, &ContextMenu::forgetRanks,
+                     Qt::UniqueConnection);
+    rankedCache = items;
+    std::stable_sort(rankedCache.begin(), rankedCache.end(), _ta_itemLessThan);
+}
+
+bool ContextMenuPrivate::hasVisibleItems() const
+{
+    return std::any_of(items.begin(), items.end(),
+                       [](const auto &item) { return item && item->isVisible(); });
+}
+
 // --- The target ---------------------------------------------------------------------------------
 
 void ContextMenuPrivate::setTarget(QQuickItem *item)
@@ -101,12 +125,6 @@ void ContextMenuPrivate::parentAsTarget()
 {
     if (auto *item = qobject_cast<QQuickItem *>(q->parent()))
         setTarget(item);
-}
-
-bool ContextMenuPrivate::hasVisibleItems() const
-{
-    return std::any_of(items.begin(), items.end(),
-                       [](const auto &item) { return item && item->isVisible(); });
 }
 
 // --- Opening and closing ------------------------------------------------------------------------
@@ -220,7 +238,6 @@ void ContextMenuPrivate::leave()
 ContextMenu::ContextMenu(QObject *parent)
     : QObject(parent), d(std::make_unique<ContextMenuPrivate>(this))
 {
-    connect(this, &ContextMenu::itemsChanged, this, [this] { d->rankedCache.clear(); });
 }
 
 ContextMenu::~ContextMenu()
@@ -247,10 +264,7 @@ ItemList ContextMenu::items()
 
 ItemList ContextMenu::rankedItems()
 {
-    if (d->rankedCache.count() != d->items.count()) {
-        d->rankedCache = d->items;
-        std::stable_sort(d->rankedCache.begin(), d->rankedCache.end(), _ta_itemLessThan);
-    }
+    d->rankItems();
     return ItemList(this, d.get(), rankedCount, rankedAt);
 }
 
@@ -292,13 +306,13 @@ void ContextMenu::setEnabled(bool enabled)
 void ContextMenu::addItem(AbstractMenuItem *item)
 {
     d->items.append(item);
-    Q_EMIT itemsChanged();
+    d->tellItemsChanged();
 }
 
 void ContextMenu::removeItem(AbstractMenuItem *item)
 {
     d->items.removeOne(item);
-    Q_EMIT itemsChanged();
+    d->tellItemsChanged();
 }
 
 void ContextMenu::showAt(QQuickItem *item, QPointF pos)
@@ -320,6 +334,11 @@ QQuickItem *ContextMenu::rootItem() const
 bool ContextMenu::preventAutoScroll() const
 {
     return true;
+}
+
+void ContextMenu::forgetRanks()
+{
+    d->rankedCache.clear();
 }
 
 void ContextMenu::classBegin() {}

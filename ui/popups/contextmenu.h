@@ -119,6 +119,9 @@ Q_SIGNALS:
     /// A handler may open it again.
     void closed();
 
+private Q_SLOTS:
+    void forgetRanks();
+
 private:
     friend class ContextMenuPrivate;
     const std::unique_ptr<ContextMenuPrivate> d;

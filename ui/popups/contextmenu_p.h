@@ -14,9 +14,12 @@ class ContextMenuPrivate
 public:
     explicit ContextMenuPrivate(ContextMenu *q) : q(q) {}
 
+    void tellItemsChanged();
+    void rankItems();
+    bool hasVisibleItems() const;
+
     void setTarget(QQuickItem *item);
     void parentAsTarget();
-    bool hasVisibleItems() const;
 
     bool open(const QPointF &screenPosition);
     QPointer<QQuickItem> createMenuItem(const QPoint &position);

@@ -3,7 +3,9 @@
 #include "foundation/assign.h"
 #include "foundation/createobject.h"
 #include "foundation/logging.h"
-#include "foundation/rounding.h"
+#include "foundation/positions.h"
+#include "ipopup.h"
+#include "popupstack.h"
 #include "scenepoint_p.h"
 #include "stacking_p.h"
 #include "tooltip.h"
@@ -50,7 +52,8 @@ public:
     void setVisible(bool visible);
     void releaseItem();
     void provideItem();
-    bool isTarget(const QQuickItem *item) const;
+    bool isTarget(const QQuickItem *item, const QQuickItem *cover) const;
+    QQuickItem *popupUnderPointer() const;
     QVector<QQuickItem *> itemsUnderPointer();
     Tooltip *tooltipUnderPointer();
     void show(const QString &text);
@@ -238,10 +241,27 @@ void TooltipAgent::tooltipDestroyed(QObject *tooltip)
     removeTooltip(tooltip);
 }
 
-// Whether \a item, which lies under the pointer, has it in this window and shows tooltips.
-bool TooltipAgentPrivate::isTarget(const QQuickItem *item) const
+// Whether \a item, which contains the point, may show a tooltip there: it does not where it is
+// clipped away, or where the open popup that has the pointer, \a cover, lies above it.
+bool TooltipAgentPrivate::isTarget(const QQuickItem *item, const QQuickItem *cover) const
 {
-    return item->isVisible() && item->isEnabled() && item->window() == q->window();
+    if (!item->isVisible() || !item->isEnabled() || item->window() != q->window())
+        return false;
+    for (const auto *parent = item->parentItem(); parent; parent = parent->parentItem()) {
+        if (parent->clip() && !parent->clipRect().contains(parent->mapFromScene(lastMousePos)))
+            return false;
+    }
+    return !cover || cover == item || cover->isAncestorOf(item);
+}
+
+// The item of the open popup that the pointer is over; null where there is none.
+QQuickItem *TooltipAgentPrivate::popupUnderPointer() const
+{
+    const auto *popup = qobject_cast<IPopup *>(PopupStack::top());
+    QQuickItem *item = popup ? popup->rootItem() : nullptr;
+    const bool covers = item && item->window() == q->window()
+                        && containsScenePosition(item, lastMousePos);
+    return covers ? item : nullptr;
 }
 
 // Goes through all tooltips and so has to be quick with those that lie elsewhere: the order of what
@@ -250,6 +270,9 @@ QVector<QQuickItem *> TooltipAgentPrivate::itemsUnderPointer()
 {
     const QPointer<TooltipAgent> guard(q);
     const int removalsBefore = removals;
+    const QPointer<QQuickItem> cover = popupUnderPointer();
+    if (!guard)
+        return {};
     ScenePoint point(lastMousePos);
     QVector<QQuickItem *> items;
     for (size_t i = 0; i < tooltips.size(); ++i) {
@@ -267,7 +290,7 @@ QVector<QQuickItem *> TooltipAgentPrivate::itemsUnderPointer()
         // looked at, nothing is shown this time.
         if (!guard || removals != removalsBefore)
             return {};
-        if (contains && isTarget(item) && !tooltips[i].tooltip->text().isEmpty())
+        if (contains && isTarget(item, cover) && !tooltips[i].tooltip->text().isEmpty())
             items.append(item);
     }
     return items;

@@ -1,0 +1,272 @@
+// variants: threaded scale2 x11
+#include "scenegraph/pixels.h"
+#include "support/input.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/DelegateBase>
+
+#include <QtCore/QMetaMethod>
+#include <QtGui/QStyleHints>
+
+#include <functional>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+class tst_DelegateBase : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void costs();
+    void mouse();
+    void doubleClick();
+    void grabTaken();
+    void disabling();
+    void fromQml();
+    void background();
+    void handlersThatDestroy_data();
+    void handlersThatDestroy();
+};
+
+namespace {
+
+const QString kDelegate = QStringLiteral(
+    "UiDelegateBase { objectName: 'delegate'; x: 100; y: 100; width: 80; height: 24 }");
+const QPoint kInside(120, 110);
+const QPoint kOutside(300, 300);
+
+QStringList pointerSignals()
+{
+    return names({ "pressed", "clicked", "doubleClicked", "hoveredChanged", "pressedChanged" });
+}
+
+} // namespace
+
+void tst_DelegateBase::costs()
+{
+    class Delegate : public DelegateBase
+    {
+    public:
+        bool watchesEnabled() const
+        {
+            return isSignalConnected(QMetaMethod::fromSignal(&QQuickItem::enabledChanged));
+        }
+    } delegate;
+    QVERIFY(!delegate.watchesEnabled() && delegate.children().isEmpty());
+    QVERIFY(delegate.flags().testFlag(QQuickItem::ItemHasContents));
+    QCOMPARE(delegate.acceptedMouseButtons(), Qt::LeftButton);
+    QVERIFY(delegate.acceptHoverEvents());
+    QCOMPARE(delegate.color(), QColor(255, 255, 255, 0));
+}
+
+void tst_DelegateBase::mouse()
+{
+    Scene scene(kDelegate);
+    QVERIFY(scene.isValid());
+    auto *delegate = scene.find<DelegateBase>("delegate");
+    SignalLog log;
+    log.watch(delegate, pointerSignals());
+    QPointF position;
+    connect(delegate, &DelegateBase::clicked, [&](const QPointF &at) { position = at; });
+
+    move(scene.window(), kInside);
+    QVERIFY(delegate->isHovered());
+    press(scene.window(), kInside);
+    QVERIFY(delegate->isPressed());
+    QCOMPARE(log.take(), names({ "hoveredChanged", "pressedChanged", "pressed" }));
+    move(scene.window(), kOutside);
+    QVERIFY(!delegate->isHovered() && !delegate->isPressed());
+    move(scene.window(), kInside);
+    QVERIFY(delegate->isHovered() && delegate->isPressed());
+    QCOMPARE(log.take(),
+             names({ "hoveredChanged", "pressedChanged", "hoveredChanged", "pressedChanged" }));
+    release(scene.window(), kInside + QPoint(3, 2));
+    QCOMPARE(log.take(), names({ "pressedChanged", "clicked" }));
+    QCOMPARE(position, QPointF(23, 12));
+
+    // Released outside, to where no move led: no click, and not hovered.
+    press(scene.window(), kInside);
+    log.take();
+    QMouseEvent outside(QEvent::MouseButtonRelease, QPointF(200, 200), Qt::LeftButton, {}, {});
+    QCoreApplication::sendEvent(delegate, &outside);
+    QCOMPARE(log.take(), names({ "pressedChanged", "hoveredChanged" }));
+    release(scene.window(), kOutside);
+    QVERIFY(!delegate->isHovered() && !delegate->isPressed());
+
+    click(scene.window(), kInside, Qt::RightButton);
+    click(scene.window(), kInside, Qt::MiddleButton);
+    QCOMPARE(log.count(QStringLiteral("pressed")) + log.count(QStringLiteral("clicked")), 0);
+
+    QVector<Qt::KeyboardModifiers> modifiers;
+    const auto note = [&](Qt::KeyboardModifiers m) { modifiers.append(m); };
+    connect(delegate, &DelegateBase::pressed, note);
+    connect(delegate, &DelegateBase::clicked,
+            [&](const QPointF &, Qt::KeyboardModifiers m) { note(m); });
+    QTest::mouseClick(scene.window(), Qt::LeftButton, Qt::ControlModifier, kInside,
+                      QGuiApplication::styleHints()->mouseDoubleClickInterval() + 1);
+    QCOMPARE(modifiers, QVector<Qt::KeyboardModifiers>(2, Qt::ControlModifier));
+}
+
+// Both clicks of a double click are clicks.
+void tst_DelegateBase::doubleClick()
+{
+    Scene scene(kDelegate);
+    QVERIFY(scene.isValid());
+    move(scene.window(), kInside);
+    SignalLog log;
+    log.watch(scene.find("delegate"), pointerSignals());
+    QTest::mouseDClick(scene.window(), Qt::LeftButton, {}, kInside);
+    QCOMPARE(log.take(),
+             names({ "pressedChanged", "pressed", "pressedChanged", "clicked", "pressedChanged",
+                     "pressed", "doubleClicked", "pressedChanged", "clicked" }));
+}
+
+// A view that begins to scroll takes the mouse away.
+void tst_DelegateBase::grabTaken()
+{
+    Scene scene(kDelegate);
+    QVERIFY(scene.isValid());
+    auto *delegate = scene.find<DelegateBase>("delegate");
+    move(scene.window(), kInside);
+    SignalLog log;
+    log.watch(delegate, pointerSignals());
+    delegate->ungrabMouse();
+    QCOMPARE(log.take(), QStringList());
+    press(scene.window(), kInside);
+    log.take();
+    scene.root()->grabMouse();
+    QCOMPARE(log.take(), names({ "hoveredChanged", "pressedChanged" }));
+    release(scene.window(), kInside);
+    QCOMPARE(log.count(QStringLiteral("clicked")), 0);
+}
+
+void tst_DelegateBase::disabling()
+{
+    Scene scene(kDelegate);
+    QVERIFY(scene.isValid());
+    auto *delegate = scene.find<DelegateBase>("delegate");
+    move(scene.window(), kInside);
+    press(scene.window(), kInside);
+    SignalLog log;
+    log.watch(delegate, pointerSignals());
+    scene.root()->setEnabled(false);
+    QVERIFY(!delegate->isHovered() && !delegate->isPressed());
+    QCOMPARE(log.take(), names({ "hoveredChanged", "pressedChanged" }));
+    release(scene.window(), kInside);
+    QCOMPARE(log.take(), QStringList());
+}
+
+// In QML the signal and the property of one name are both to be had.
+void tst_DelegateBase::fromQml()
+{
+    Scene scene(QStringLiteral(
+        "property int presses: 0; property bool down: false; property point at\n"
+        "UiDelegateBase { objectName: 'delegate'; width: 80; height: 24; active: true\n"
+        "defocused: true; __color: 'red'; onPressed: { ++presses; down = pressed\n"
+        "if (modifiers !== Qt.NoModifier) presses = -1 } onClicked: at = position }"));
+    QVERIFY(scene.isValid());
+    auto *delegate = scene.find<DelegateBase>("delegate");
+    QVERIFY(delegate->isActive() && delegate->isDefocused());
+    QCOMPARE(delegate->color(), QColor(Qt::red));
+    click(scene.window(), QPoint(12, 13));
+    QCOMPARE(scene.root()->property("presses").toInt(), 1);
+    QVERIFY(scene.root()->property("down").toBool());
+    QCOMPARE(scene.root()->property("at").toPointF(), QPointF(12, 13));
+}
+
+// It fills the item in its colour, follows both, and is whole again after its node was lost.
+void tst_DelegateBase::background()
+{
+    Scene scene(whiteWindow()
+                    + QStringLiteral("UiDelegateBase { objectName: 'delegate'; x: 20; y: 30\n"
+                                     "width: 60; height: 40 }"),
+                kWindow);
+    QVERIFY(scene.isValid());
+    auto *delegate = scene.find<DelegateBase>("delegate");
+    const auto check = [&](const QColor &color, const QRectF &area) {
+        const QRectF drawn(area.topLeft() * scene.window()->effectiveDevicePixelRatio(),
+                           area.size() * scene.window()->effectiveDevicePixelRatio());
+        return firstDifference(scene.window(), [&](const QPointF &pixel) {
+            return drawn.contains(pixel) ? color : QColor(Qt::white);
+        });
+    };
+    QCOMPARE(check(Qt::white, QRectF(20, 30, 60, 40)), QString());
+    delegate->setColor(QColor(10, 20, 200));
+    QCOMPARE(check(QColor(10, 20, 200), QRectF(20, 30, 60, 40)), QString());
+    delegate->setSize(QSizeF(100, 20));
+    QCOMPARE(check(QColor(10, 20, 200), QRectF(20, 30, 100, 20)), QString());
+    delegate->setPosition(QPointF(40, 50));
+    QCOMPARE(check(QColor(10, 20, 200), QRectF(40, 50, 100, 20)), QString());
+    delegate->setColor(QColor(0, 0, 0, 51));
+    QCOMPARE(check(QColor(204, 204, 204), QRectF(40, 50, 100, 20)), QString());
+    delegate->setParentItem(nullptr);
+    QVERIFY(scene.waitForFrame());
+    delegate->setParentItem(scene.root());
+    QCOMPARE(check(QColor(204, 204, 204), QRectF(40, 50, 100, 20)), QString());
+    delegate->setSize(QSizeF(0, 20));
+    QCOMPARE(check(Qt::white, QRectF()), QString());
+}
+
+void tst_DelegateBase::handlersThatDestroy_data()
+{
+    QTest::addColumn<QString>("signal");
+    for (const QString &signal : pointerSignals())
+        QTest::newRow(qPrintable(signal)) << signal;
+}
+
+// A handler that destroys the delegate, by every event that leads to its signal. Sent directly:
+// Qt's window is not up to it.
+void tst_DelegateBase::handlersThatDestroy()
+{
+    QFETCH(QString, signal);
+    const auto mouse = [](DelegateBase *delegate, QEvent::Type type, const QPointF &position) {
+        QMouseEvent event(type, position, Qt::LeftButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(delegate, &event);
+    };
+    const QPointF inside(5, 5);
+    const std::function<void(DelegateBase *)> ways[] = {
+        [&](DelegateBase *delegate) { mouse(delegate, QEvent::MouseButtonPress, inside); },
+        [&](DelegateBase *delegate) { mouse(delegate, QEvent::MouseMove, QPointF(300, 300)); },
+        [&](DelegateBase *delegate) { mouse(delegate, QEvent::MouseButtonRelease, inside); },
+        [&](DelegateBase *delegate) { mouse(delegate, QEvent::MouseButtonDblClick, inside); },
+        [](DelegateBase *delegate) {
+            QEvent event(QEvent::UngrabMouse);
+            QCoreApplication::sendEvent(delegate, &event);
+        },
+        [](DelegateBase *delegate) { delegate->setEnabled(false); },
+    };
+    int destroyed = 0;
+    for (const auto &way : ways) {
+        for (bool held : { false, true }) {
+            const QPointer<DelegateBase> delegate(new DelegateBase);
+            delegate->setSize(QSizeF(80, 24));
+            if (held) {
+                QHoverEvent hover(QEvent::HoverEnter, inside, QPointF(-1, -1));
+                QCoreApplication::sendEvent(delegate, &hover);
+                mouse(delegate, QEvent::MouseButtonPress, inside);
+            }
+            const auto watch = [&](auto member) {
+                connect(delegate, member, [&] { delete delegate.data(); });
+            };
+            if (signal == QLatin1String("pressed"))
+                watch(&DelegateBase::pressed);
+            else if (signal == QLatin1String("clicked"))
+                watch(&DelegateBase::clicked);
+            else if (signal == QLatin1String("doubleClicked"))
+                watch(&DelegateBase::doubleClicked);
+            else if (signal == QLatin1String("hoveredChanged"))
+                watch(&DelegateBase::hoveredChanged);
+            else
+                watch(&DelegateBase::pressedChanged);
+            way(delegate);
+            destroyed += !delegate;
+            delete delegate;
+        }
+    }
+    QVERIFY(destroyed > 0);
+}
+
+TAMBER_TEST_MAIN(tst_DelegateBase)
+#include "tst_delegatebase.moc"

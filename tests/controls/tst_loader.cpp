@@ -1,0 +1,373 @@
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/Loader>
+
+#include <functional>
+#include <utility>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+class tst_Loader : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void sizes();
+    void signalOrder();
+    void initialValues();
+    void badComponents_data();
+    void badComponents();
+    void withoutQml();
+    void trees();
+    void changesWhileCompleting_data();
+    void changesWhileCompleting();
+    void handlersThatDestroy_data();
+    void handlersThatDestroy();
+    void outlivesWhatItUses();
+};
+
+namespace {
+
+// A loader with two components at hand; created counts what they made, alive what is left.
+const QString kLoader = QStringLiteral(
+    "id: root; property int created: 0; property int alive: 0\n"
+    "property Component small: Item { implicitWidth: 120; implicitHeight: 40\n"
+    "property int value: 1; property int twice: 2 * value\n"
+    "Component.onCompleted: { ++created; ++alive } Component.onDestruction: --root.alive }\n"
+    "property Component large: Item { implicitWidth: 200; implicitHeight: 100\n"
+    "Component.onCompleted: { ++created; ++alive } Component.onDestruction: --root.alive }\n"
+    "UiLoader { id: loader; objectName: 'loader'; sourceComponent: root.small }\n");
+
+// Runs what a test wants to happen as soon as it is complete. QML's own handlers may not destroy
+// their object at once.
+class Completing : public QQuickItem
+{
+    Q_OBJECT
+
+public:
+    static inline std::function<void()> then;
+
+protected:
+    void componentComplete() override
+    {
+        QQuickItem::componentComplete();
+        if (then)
+            then();
+    }
+};
+
+void destroyDeferred()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QQmlComponent *component(const Scene &scene, const char *name)
+{
+    return scene.root()->property(name).value<QQmlComponent *>();
+}
+
+int number(const Scene &scene, const char *name)
+{
+    return scene.root()->property(name).toInt();
+}
+
+} // namespace
+
+void tst_Loader::initTestCase()
+{
+    Scene::useKit();
+    qmlRegisterType<Completing>("tests.Loader", 1, 0, "Completing");
+}
+
+// The loader takes over the implicit size, and the item the loader's size.
+void tst_Loader::sizes()
+{
+    Scene scene(kLoader + QStringLiteral("property real seen: loader.implicitWidth"));
+    QVERIFY(scene.isValid());
+    auto *loader = scene.find<Loader>("loader");
+    QPointer<QQuickItem> item = loader->item();
+    QCOMPARE(item->parent(), loader);
+    QCOMPARE(item->parentItem(), loader);
+    QCOMPARE(loader->size(), QSizeF(120, 40));
+    QCOMPARE(item->size(), QSizeF(120, 40));
+    loader->setSize(QSizeF(300, 50));
+    QCOMPARE(item->size(), QSizeF(300, 50));
+    item->setImplicitWidth(70);
+    item->setImplicitHeight(80);
+    QCOMPARE(loader->implicitWidth(), 70.0);
+    QCOMPARE(loader->implicitHeight(), 80.0);
+    QCOMPARE(scene.root()->property("seen").toReal(), 70.0);
+    QCOMPARE(item->size(), QSizeF(300, 50));
+    item->setImplicitWidth(qQNaN());
+    QCOMPARE(loader->implicitWidth(), 0.0);
+
+    loader->setSourceComponent(component(scene, "large"));
+    QCOMPARE(loader->implicitWidth(), 200.0);
+    QCOMPARE(loader->item()->size(), QSizeF(300, 50));
+    // The old one has nothing to say any more, and goes.
+    item->setImplicitWidth(1);
+    QCOMPARE(loader->implicitWidth(), 200.0);
+    QVERIFY(!item->parentItem());
+    destroyDeferred();
+    QVERIFY(!item);
+    loader->resetWidth();
+    QCOMPARE(loader->item()->width(), 200.0);
+
+    expectWarning(QStringLiteral("read-only"));
+    QQmlComponent writes(&scene.engine());
+    writes.setData("import tamber.Ui 1.0; UiLoader { implicitWidth: 5 }", QUrl());
+    QVERIFY(writes.isError());
+    qWarning("%s", qPrintable(writes.errorString()));
+}
+
+void tst_Loader::signalOrder()
+{
+    Scene scene(kLoader);
+    QVERIFY(scene.isValid());
+    auto *loader = scene.find<Loader>("loader");
+    SignalLog log;
+    log.watch(loader, names({ "sourceComponentChanged", "propertiesChanged", "itemChanged",
+                              "implicitWidth2Changed", "implicitHeight2Changed" }));
+    loader->setSourceComponent(component(scene, "large"));
+    QCOMPARE(log.take(), names({ "sourceComponentChanged", "itemChanged", "implicitWidth2Changed",
+                                 "implicitHeight2Changed" }));
+    loader->setSourceComponent(component(scene, "large"));
+    QCOMPARE(log.take(), QStringList());
+
+    // A map makes the item anew; an equal one does not.
+    const QVariantMap map { { QStringLiteral("x"), 3 } };
+    loader->setProperties(map);
+    QCOMPARE(log.take(), names({ "propertiesChanged", "itemChanged" }));
+    const QPointer<QQuickItem> item = loader->item();
+    loader->setProperties(QVariantMap { { QStringLiteral("x"), 3 } });
+    QCOMPARE(log.take(), QStringList());
+    QCOMPARE(loader->item(), item.data());
+
+    loader->setSourceComponent(nullptr);
+    QCOMPARE(log.take(), names({ "sourceComponentChanged", "itemChanged", "implicitWidth2Changed",
+                                 "implicitHeight2Changed" }));
+    QVERIFY(!loader->item());
+    QCOMPARE(loader->size(), QSizeF(0, 0));
+    loader->setProperties({});
+    QCOMPARE(log.take(), names({ "propertiesChanged", "itemChanged" }));
+    destroyDeferred();
+    QCOMPARE(number(scene, "alive"), 0);
+}
+
+void tst_Loader::initialValues()
+{
+    Scene scene(
+        kLoader
+        + QStringLiteral("UiLoader { objectName: 'other'; sourceComponent: root.small\n"
+                         "properties: ({ value: 21, unknown: 'dynamic', visible: 'nonsense' }) }"));
+    QVERIFY(scene.isValid());
+    QCOMPARE(number(scene, "created"), 2); // nothing before the loader is complete
+    auto *loader = scene.find<Loader>("other");
+    QCOMPARE(loader->item()->property("twice").toInt(), 42);
+    QCOMPARE(loader->item()->property("unknown").toString(), QStringLiteral("dynamic"));
+    loader->setProperties({ { QStringLiteral("value"), 5 } });
+    QCOMPARE(loader->item()->property("twice").toInt(), 10);
+    QVERIFY(!loader->item()->property("unknown").isValid());
+    QCOMPARE(number(scene, "created"), 3);
+}
+
+void tst_Loader::badComponents_data()
+{
+    QTest::addColumn<QByteArray>("qml");
+    QTest::addColumn<QString>("warning");
+    QTest::addColumn<bool>("sizeUpdated");
+    QTest::newRow("syntax error") << QByteArray("Item {")
+                                  << QStringLiteral("^\".*Expected token.*\"$") << false;
+    QTest::newRow("no item") << QByteArray("import QtQml 2.15; QtObject {}") << QString() << true;
+    QTest::newRow("creation fails")
+        << QByteArray("import QtQuick 2.15; Item { property Item i; i.x: 3 }")
+        << QStringLiteral("null") << true;
+    QTest::newRow("required property")
+        << QByteArray("import QtQuick 2.15; Item { required property int n }")
+        << QStringLiteral("Required property n") << true;
+    QTest::newRow("nothing") << QByteArray() << QStringLiteral("not ready") << true;
+}
+
+void tst_Loader::badComponents()
+{
+    QFETCH(QByteArray, qml);
+    QFETCH(QString, warning);
+    QFETCH(bool, sizeUpdated);
+    Scene scene(kLoader);
+    QVERIFY(scene.isValid());
+    auto *loader = scene.find<Loader>("loader");
+    QQmlComponent bad(&scene.engine());
+    if (!qml.isEmpty())
+        bad.setData(qml, QUrl(QStringLiteral("qrc:/item.qml")));
+    SignalLog log;
+    log.watch(loader, names({ "itemChanged" }));
+    if (!warning.isEmpty())
+        expectWarning(warning);
+    loader->setProperties({ { QStringLiteral("objectName"), QStringLiteral("set") } });
+    loader->setSourceComponent(&bad);
+    QVERIFY(!loader->item());
+    QCOMPARE(log.take().count(), 2);
+    QCOMPARE(loader->implicitWidth(), sizeUpdated ? 0.0 : 120.0);
+    QVERIFY(loader->childItems().isEmpty());
+    // It has not been spoilt by that.
+    loader->setSourceComponent(component(scene, "large"));
+    QVERIFY(loader->item());
+    destroyDeferred();
+    QCOMPARE(number(scene, "alive"), 1);
+}
+
+void tst_Loader::withoutQml()
+{
+    Scene scene(QString {});
+    QVERIFY(scene.isValid());
+    QQmlComponent item(&scene.engine());
+    item.setData("import QtQuick 2.15; Item { implicitWidth: 30 }", QUrl());
+    Loader loader;
+    loader.setSourceComponent(&item);
+    QVERIFY(loader.item());
+    QCOMPARE(loader.width(), 30.0);
+}
+
+// The item may hold loaders with the component that it comes from.
+void tst_Loader::trees()
+{
+    Scene scene(QStringLiteral(
+        "id: root; property Component node: Item { property int depth: 0\n"
+        "implicitHeight: 10 + (child.item ? child.implicitHeight : 0)\n"
+        "UiLoader { id: child; sourceComponent: parent.depth < 5 ? root.node : null\n"
+        "properties: ({ depth: parent.depth + 1 }) } }\n"
+        "UiLoader { objectName: 'loader'; sourceComponent: root.node }"));
+    QVERIFY(scene.isValid());
+    QCOMPARE(scene.find<Loader>("loader")->implicitHeight(), 60.0);
+}
+
+void tst_Loader::changesWhileCompleting_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<int>("created");
+    QTest::addColumn<bool>("warns");
+    QTest::newRow("properties once")
+        << QStringLiteral("loader.properties = { value: 7 }") << 2 << false;
+    QTest::newRow("another component")
+        << QStringLiteral("loader.sourceComponent = root.small; loader.properties = { value: 7 }")
+        << 2 << false;
+    QTest::newRow("without end") << QStringLiteral(
+        "loader.properties = { value: 7, x: Math.random() }")
+                                 << 10 << true;
+}
+
+// One live item is left, and it is the one that was asked for last.
+void tst_Loader::changesWhileCompleting()
+{
+    QFETCH(QString, change);
+    QFETCH(int, created);
+    QFETCH(bool, warns);
+    Scene scene(kLoader
+                + QStringLiteral("property Component turning: Item { property int value: 0\n"
+                                 "Component.onCompleted: { ++created; ++alive; %1 }\n"
+                                 "Component.onDestruction: --root.alive }")
+                      .arg(change));
+    QVERIFY(scene.isValid());
+    auto *loader = scene.find<Loader>("loader");
+    SignalLog log;
+    log.watch(loader, names({ "itemChanged" }));
+    if (warns)
+        expectWarning(QStringLiteral("asks for another one"));
+    loader->setSourceComponent(component(scene, "turning"));
+    QCOMPARE(log.take().count(), 1);
+    destroyDeferred();
+    QCOMPARE(number(scene, "created"), 1 + created);
+    QCOMPARE(number(scene, "alive"), 1);
+    QCOMPARE(loader->childItems(), QList<QQuickItem *>({ loader->item() }));
+    QCOMPARE(loader->item()->property("value").toInt(), 7);
+}
+
+void tst_Loader::handlersThatDestroy_data()
+{
+    QTest::addColumn<QByteArray>("signal");
+    QTest::addColumn<QString>("victim");
+    // Qt itself goes on with an item that its handlers of the last two have destroyed.
+    for (const char *victim : { "loader", "item", "component", "window" }) {
+        for (const char *signal :
+             { "sourceComponentChanged", "itemChanged", "implicitWidth2Changed",
+               "implicitHeight2Changed", "completed", "widthChanged", "childrenChanged" }) {
+            const bool inQt = qstrcmp(signal, "widthChanged") == 0
+                              || qstrcmp(signal, "childrenChanged") == 0;
+            if (!inQt || qstrcmp(victim, "item") == 0 || qstrcmp(victim, "component") == 0)
+                QTest::addRow("%s in %s", victim, signal)
+                    << QByteArray(signal) << QString::fromLatin1(victim);
+        }
+    }
+}
+
+void tst_Loader::handlersThatDestroy()
+{
+    QFETCH(QByteArray, signal);
+    QFETCH(QString, victim);
+    Scene scene(kLoader);
+    QVERIFY(scene.isValid());
+    const QPointer<Loader> loader = scene.find<Loader>("loader");
+    QPointer<QQmlComponent> calling(new QQmlComponent(&scene.engine()));
+    calling->setData("import QtQuick 2.15; import tests.Loader 1.0\n"
+                     "Completing { implicitWidth: 77; implicitHeight: 33 }",
+                     QUrl());
+    bool done = false;
+    class Slot : public QObject
+    {
+    public:
+        std::function<void()> call;
+        int qt_metacall(QMetaObject::Call kind, int id, void **arguments) override
+        {
+            id = QObject::qt_metacall(kind, id, arguments);
+            if (id >= 0 && kind == QMetaObject::InvokeMetaMethod)
+                call();
+            return -1;
+        }
+    } slot;
+    slot.call = [&] {
+        if (std::exchange(done, true))
+            return;
+        if (victim == QLatin1String("loader"))
+            delete loader.data();
+        else if (victim == QLatin1String("item"))
+            delete loader->item();
+        else if (victim == QLatin1String("component"))
+            delete calling.data();
+        else
+            scene.destroyWindow();
+    };
+    const int index = loader->metaObject()->indexOfSignal(QByteArray(signal + "()"));
+    QCOMPARE(index < 0, signal == "completed");
+    if (index < 0)
+        Completing::then = slot.call;
+    else
+        QMetaObject::connect(loader, index, &slot, QObject::staticMetaObject.methodCount());
+    loader->setSourceComponent(calling);
+    Completing::then = nullptr;
+    QVERIFY(done);
+    QVERIFY(!loader || victim == QLatin1String("component") || !loader->item()
+            || victim == QLatin1String("item"));
+    destroyDeferred();
+    delete calling;
+}
+
+void tst_Loader::outlivesWhatItUses()
+{
+    Scene scene(kLoader);
+    QVERIFY(scene.isValid());
+    auto *loader = scene.find<Loader>("loader");
+    delete loader->item();
+    QVERIFY(!loader->item());
+    loader->setSize(QSizeF(5, 5));
+    delete component(scene, "small");
+    QVERIFY(!loader->sourceComponent());
+    loader->setProperties({ { QStringLiteral("x"), 1 } });
+    QVERIFY(!loader->item());
+}
+
+TAMBER_TEST_MAIN(tst_Loader)
+#include "tst_loader.moc"

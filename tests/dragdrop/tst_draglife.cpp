@@ -1,0 +1,575 @@
+// variants: x11
+#include "support/input.h"
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/DragZone>
+#include <TamberUi/JsonMimeData>
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QMimeData>
+#include <QtCore/QTimer>
+#include <QtGui/QCursor>
+#include <QtGui/QDrag>
+#include <QtQml/QQmlContext>
+
+#include <malloc.h>
+
+#include <functional>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+namespace {
+
+// A drag item whose hotspot is its middle, what it shows, and an area that takes drops.
+const QString kScene = QStringLiteral(R"(
+    id: root
+    property string dropped: ""
+    property var modifiers: []
+    property Component marker: Component {
+        Rectangle {
+            property int modifiers: UiDragZone.modifiers
+            property bool knowsTheDrag: UiDragZone.zone.dragActive && UiDragZone.mimeData.value.id === 7
+            objectName: "marker"
+            UiDragZone.hotspot: Qt.point(10, 5)
+            width: 20; height: 10
+            onModifiersChanged: root.modifiers = root.modifiers.concat(modifiers)
+        }
+    }
+    property QtObject mime: UiJsonMimeData { mimeType: "application/x-card"; value: ({ id: 7 }) }
+    property Component scriptZone: Component {
+        UiDragZone {
+            mimeData: root.mime
+            x: 100; y: 100
+            MouseArea { width: 100; height: 100 }
+        }
+    }
+    function makeZone(parent) { scriptZone.createObject(parent, { objectName: "scriptZone" }) }
+    DropArea {
+        x: 400; y: 100; width: 100; height: 100
+        onDropped: { root.dropped = drop.getDataAsString("application/x-card"); drop.accept() }
+    }
+)");
+
+const QPoint kSource(150, 150);
+const QPoint kNowhere(300, 300);
+const QPoint kTarget(450, 150);
+
+// Tells how many events of the window it has seen.
+class ProbeZone : public DragZone
+{
+public:
+    explicit ProbeZone(QQuickItem *parent) : DragZone(parent) {}
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        ++filtered;
+        return DragZone::eventFilter(watched, event);
+    }
+
+    int filtered = 0;
+};
+
+// Takes presses, and tells when it loses the mouse.
+class ProbeArea : public QQuickItem
+{
+public:
+    explicit ProbeArea(QQuickItem *parent) : QQuickItem(parent)
+    {
+        setSize(QSizeF(100, 100));
+        setAcceptedMouseButtons(Qt::LeftButton);
+    }
+    std::function<void()> ungrabbed = [] {};
+    int presses = 0;
+
+protected:
+    void mousePressEvent(QMouseEvent *) override { ++presses; }
+    void mouseUngrabEvent() override { ungrabbed(); }
+};
+
+// A payload that tells when it is asked for its data.
+class ProbeData : public JsonMimeData
+{
+public:
+    explicit ProbeData(QObject *parent) : JsonMimeData(parent) {}
+    std::function<void()> asked = [] {};
+    QMimeData *createMimeData() const override
+    {
+        QMimeData *data = JsonMimeData::createMimeData();
+        asked();
+        return data;
+    }
+};
+
+// Hooks of the tests in what runs inside a drag, in C++: a QML handler must not destroy its object.
+std::function<void()> s_created = [] {};
+
+class ProbeMarker : public QQuickItem
+{
+    Q_OBJECT
+
+protected:
+    void componentComplete() override
+    {
+        QQuickItem::componentComplete();
+        s_created();
+    }
+};
+
+class ProbeTarget : public QQuickItem
+{
+public:
+    explicit ProbeTarget(QQuickItem *parent) : QQuickItem(parent)
+    {
+        setFlag(ItemAcceptsDrops);
+        setSize(QSizeF(800, 600));
+    }
+    std::function<void()> entered = [] {};
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override
+    {
+        event->accept();
+        entered();
+    }
+};
+
+// Runs steps one after the other inside the drag loop of a zone. After the last one the drag must
+// end: where it does not, it is cancelled, and isStuck() tells.
+class DuringDrag : public QObject
+{
+public:
+    using Steps = QVector<std::function<void()>>;
+
+    DuringDrag(QPointer<DragZone> zone, Steps steps)
+        : m_zone(std::move(zone)), m_steps(std::move(steps))
+    {
+        connect(&m_timer, &QTimer::timeout, this, &DuringDrag::step);
+        m_timer.start(0);
+    }
+
+    bool isThrough() const { return m_done == m_steps.count() && !m_stuck; }
+
+private:
+    void step()
+    {
+        if (m_done == 0 && !(m_zone && m_zone->findChild<QDrag *>()))
+            return;
+        if (m_done < m_steps.count()) {
+            m_steps.at(m_done++)();
+        } else if (m_rests.isValid() && m_rests.hasExpired(3000)) {
+            m_timer.stop();
+            m_stuck = true;
+            QDrag::cancel();
+        } else if (!m_rests.isValid()) {
+            m_rests.start();
+        }
+    }
+
+    QTimer m_timer;
+    QElapsedTimer m_rests;
+    QPointer<DragZone> m_zone;
+    Steps m_steps;
+    int m_done = 0;
+    bool m_stuck = false;
+};
+
+} // namespace
+
+// Whole drags, through the platform's own loop, and everything that may go in the middle of one.
+class tst_DragLife : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void drop();
+    void modifiers();
+    void waysToEnd_data();
+    void waysToEnd();
+    void handlersThatDestroy_data();
+    void handlersThatDestroy();
+    void parents();
+    void collectedGarbage();
+    void engineGoes();
+    void manyDrags();
+
+private:
+    QQuickItem *place() const { return m_scene->root(); }
+    void begin();
+    void moveTo(const QPoint &position, Qt::KeyboardModifiers modifiers = {});
+    void dropAt(const QPoint &position);
+    bool runDrag(const DuringDrag::Steps &steps);
+
+    std::unique_ptr<Scene> m_scene;
+    QPointer<ProbeZone> m_zone;
+    ProbeArea *m_area = nullptr; // inside the zone
+    SignalLog m_log;
+};
+
+void tst_DragLife::initTestCase()
+{
+    Scene::useKit();
+    qmlRegisterType<ProbeMarker>("Probe", 1, 0, "ProbeMarker");
+}
+
+void tst_DragLife::init()
+{
+    TestCase::init();
+    m_scene = std::make_unique<Scene>(kScene);
+    QVERIFY(m_scene->isValid());
+    auto *parent = new QQuickItem(place());
+    parent->setObjectName(QStringLiteral("parent"));
+    m_zone = new ProbeZone(parent);
+    QQmlEngine::setContextForObject(m_zone, qmlContext(place()));
+    m_zone->setPosition(QPointF(100, 100));
+    m_zone->setDragDelegate(place()->property("marker").value<QQmlComponent *>());
+    m_zone->setMimeData(place()->property("mime").value<MimeData *>());
+    m_area = new ProbeArea(m_zone);
+    m_log.take();
+    m_log.watch(m_zone, names({ "dragStarted", "dragEnded", "dragActiveChanged" }));
+}
+
+// Whatever went on: the cursor is free, the mouse is, and the window is as it was.
+void tst_DragLife::cleanup()
+{
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!QGuiApplication::queryKeyboardModifiers());
+    if (m_scene && m_scene->window()) {
+        QVERIFY(!m_scene->window()->mouseGrabberItem());
+        QTRY_VERIFY(!m_scene->find("marker"));
+        const int filtered = m_zone ? m_zone->filtered : 0;
+        QEvent event(QEvent::User);
+        QCoreApplication::sendEvent(m_scene->window(), &event);
+        QCOMPARE(m_zone ? m_zone->filtered : 0, filtered);
+    }
+    QCOMPARE(m_log.count(QStringLiteral("dragStarted")), m_log.count(QStringLiteral("dragEnded")));
+    m_scene.reset();
+    TestCase::cleanup();
+}
+
+void tst_DragLife::begin()
+{
+    press(m_scene->window(), kSource);
+    QTest::mouseMove(m_scene->window(), kSource + QPoint(40, 0)); // runs the drag
+}
+
+void tst_DragLife::moveTo(const QPoint &position, Qt::KeyboardModifiers modifiers)
+{
+    QWindow *window = m_scene->window();
+    qt_handleMouseEvent(window, position, window->mapToGlobal(position), Qt::LeftButton,
+                        Qt::NoButton, QEvent::MouseMove, modifiers, ++QTest::lastMouseTimestamp);
+}
+
+void tst_DragLife::dropAt(const QPoint &position)
+{
+    moveTo(position);
+    release(m_scene->window(), position);
+}
+
+// Returns whether the drag ended by itself once the steps were through.
+bool tst_DragLife::runDrag(const DuringDrag::Steps &steps)
+{
+    const DuringDrag drag(QPointer<DragZone>(m_zone), steps);
+    begin();
+    return drag.isThrough();
+}
+
+void tst_DragLife::drop()
+{
+    QStringList seen;
+    const auto look = [&] {
+        const auto *marker = m_scene->find("marker");
+        seen.append(marker && marker->isVisible()
+                        ? QStringLiteral("%1 %2").arg(marker->x()).arg(marker->y())
+                        : QStringLiteral("hidden"));
+        QVERIFY(marker->property("knowsTheDrag").toBool());
+        QCOMPARE(marker->z(), 2147483647.0);
+        QCOMPARE(m_scene->window()->mouseGrabberItem(), m_zone.data());
+        QVERIFY(m_zone->isDragActive() && !m_zone->QObject::parent());
+        QVERIFY(QGuiApplication::overrideCursor());
+    };
+    const QPoint outside(-50, -50); // may lie outside the screen, but not over the window
+    QVERIFY(runDrag({
+        [&] { moveTo(kNowhere); },
+        look,
+        [&] { moveTo(outside); },
+        look,
+        [&] { moveTo(kTarget); },
+        look,
+        [&] { release(m_scene->window(), kTarget); },
+    }));
+    QCOMPARE(seen, QStringList({ QStringLiteral("290 295"), QStringLiteral("hidden"),
+                                 QStringLiteral("440 145") }));
+    QCOMPARE(m_log.entries(),
+             names({ "dragActiveChanged", "dragStarted", "dragActiveChanged", "dragEnded" }));
+    const QByteArray dropped = place()->property("dropped").toByteArray();
+    QCOMPARE(QJsonDocument::fromJson(dropped).object().value(QLatin1String("id")).toInt(), 7);
+    QVERIFY(!m_zone->isDragActive());
+    QCOMPARE(m_zone->QObject::parent(), m_scene->find("parent"));
+
+    // The window takes clicks and drags as before.
+    QCoreApplication::processEvents();
+    click(m_scene->window(), kSource);
+    QCOMPARE(m_area->presses, 2);
+    QVERIFY(runDrag({ [&] { dropAt(kNowhere); } }));
+}
+
+void tst_DragLife::modifiers()
+{
+    QVERIFY(runDrag({
+        [&] { moveTo(kNowhere); },
+        [&] { moveTo(kNowhere + QPoint(5, 0), Qt::ShiftModifier); },
+        [&] { moveTo(kNowhere + QPoint(10, 0), Qt::ShiftModifier | Qt::ControlModifier); },
+        [&] { moveTo(QPoint(-50, -50), Qt::AltModifier); },
+        [&] { moveTo(kNowhere); },
+        [&] { release(m_scene->window(), kNowhere); },
+    }));
+    const QVariantList expected = { int(Qt::ShiftModifier),
+                                    int(Qt::ShiftModifier | Qt::ControlModifier), 0 };
+    QCOMPARE(place()->property("modifiers").value<QJSValue>().toVariant().toList(), expected);
+}
+
+void tst_DragLife::waysToEnd_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<bool>("lives");
+    for (const char *way : { "release", "escape", "window hides", "window closes",
+                             "payload destroyed", "delegate destroyed", "ungrab", "disable",
+                             "drag item destroyed", "other payload", "leaves the window" })
+        QTest::newRow(way) << QString::fromLatin1(way) << true;
+    for (const char *way :
+         { "told to go", "destroyed", "parent destroyed", "window destroyed", "all at once" })
+        QTest::newRow(way) << QString::fromLatin1(way) << false;
+}
+
+void tst_DragLife::waysToEnd()
+{
+    QFETCH(QString, way);
+    QFETCH(bool, lives);
+    JsonMimeData other;
+    const QHash<QString, std::function<void()>> ways = {
+        { QStringLiteral("release"), [&] { release(m_scene->window(), kNowhere); } },
+        { QStringLiteral("escape"), [&] { QTest::keyClick(m_scene->window(), Qt::Key_Escape); } },
+        { QStringLiteral("window hides"), [&] { m_scene->window()->hide(); } },
+        { QStringLiteral("window closes"), [&] { m_scene->window()->close(); } },
+        { QStringLiteral("payload destroyed"), [&] { delete m_zone->mimeData(); } },
+        { QStringLiteral("delegate destroyed"), [&] { delete m_zone->dragDelegate(); } },
+        { QStringLiteral("ungrab"),
+          [&] {
+              m_zone->ungrabMouse();
+              dropAt(kNowhere);
+          } },
+        { QStringLiteral("disable"),
+          [&] {
+              m_zone->setEnabled(false);
+              m_zone->setDragEnabled(false);
+              dropAt(kNowhere);
+          } },
+        { QStringLiteral("drag item destroyed"),
+          [&] {
+              delete m_scene->find("marker");
+              dropAt(kNowhere);
+          } },
+        { QStringLiteral("other payload"),
+          [&] {
+              m_zone->setMimeData(&other);
+              m_zone->setDragDelegate(nullptr);
+              dropAt(kNowhere);
+          } },
+        { QStringLiteral("leaves the window"),
+          [&] {
+              m_zone->setParentItem(nullptr);
+              dropAt(kNowhere);
+          } },
+        { QStringLiteral("told to go"), [&] { m_zone->deleteLater(); } },
+        { QStringLiteral("destroyed"), [&] { delete m_zone; } },
+        { QStringLiteral("parent destroyed"), [&] { delete m_scene->find("parent"); } },
+        { QStringLiteral("window destroyed"), [&] { m_scene->destroyWindow(); } },
+        { QStringLiteral("all at once"), [&] { m_scene.reset(); } },
+    };
+    QVERIFY(runDrag({ [&] { moveTo(kNowhere); }, ways.value(way) }));
+    const QStringList signalled = names(
+        { "dragActiveChanged", "dragStarted", "dragActiveChanged", "dragEnded" });
+    if (way == QLatin1String("destroyed")) {
+        QCOMPARE(m_log.take(), signalled.mid(0, 2));
+    } else {
+        QCOMPARE(m_log.entries(), signalled);
+    }
+    QCoreApplication::processEvents();
+    QTRY_COMPARE(bool(m_zone), lives);
+    if (lives)
+        QCOMPARE(m_zone->QObject::parent(), m_scene->find("parent"));
+}
+
+void tst_DragLife::handlersThatDestroy_data()
+{
+    QTest::addColumn<QString>("victim");
+    QTest::addColumn<QString>("moment");
+    for (const char *victim : { "zone", "parent", "window", "payload", "delegate", "item" }) {
+        for (const char *moment :
+             { "ungrab", "data", "created", "modifiers", "entered", "inactive", "ended" }) {
+            // Qt does not survive a window that goes while it moves the mouse grab or is told of a
+            // drag, nor does it like a component to go while it creates; and there is no item
+            // before it is created.
+            const QByteArray row = QByteArray(victim) + " in " + moment;
+            if (row == "window in ungrab" || row == "window in modifiers"
+                || row == "window in entered" || row == "delegate in created"
+                || row == "item in ungrab" || row == "item in data")
+                continue;
+            QTest::newRow(row) << QString::fromLatin1(victim) << QString::fromLatin1(moment);
+        }
+    }
+}
+
+// Handlers that run inside the drag and destroy something that it has to do with.
+void tst_DragLife::handlersThatDestroy()
+{
+    QFETCH(QString, victim);
+    QFETCH(QString, moment);
+    const QPointer<DragZone> zone(m_zone);
+    auto *data = new ProbeData(this);
+    data->setMimeType(QStringLiteral("application/x-card"));
+    data->setValue({ { QStringLiteral("id"), 7 } });
+    m_zone->setMimeData(data);
+    QPointer<QQmlComponent> delegate = new QQmlComponent(&m_scene->engine());
+    delegate->setData("import Probe 1.0; ProbeMarker { objectName: 'marker' }", QUrl());
+    m_zone->setDragDelegate(delegate);
+    auto *target = new ProbeTarget(place());
+    bool done = false;
+    bool outright = false; // the zone was destroyed, and so tells nothing more
+    const auto destroyIn = [&](const char *where) {
+        if (moment != QLatin1String(where) || std::exchange(done, true))
+            return;
+        if (victim == QLatin1String("zone"))
+            delete zone;
+        else if (victim == QLatin1String("parent"))
+            delete m_scene->find("parent");
+        else if (victim == QLatin1String("window"))
+            m_scene->destroyWindow();
+        else if (victim == QLatin1String("payload"))
+            delete zone->mimeData();
+        else if (victim == QLatin1String("delegate"))
+            delete zone->dragDelegate();
+        else
+            delete m_scene->find("marker");
+        outright = !zone;
+    };
+    m_area->ungrabbed = [&] { destroyIn("ungrab"); };
+    data->asked = [&] { destroyIn("data"); };
+    s_created = [&] { destroyIn("created"); };
+    target->entered = [&] { destroyIn("entered"); };
+    connect(zone, &DragZone::dragActiveChanged, &m_log, [&] {
+        if (!zone->isDragActive())
+            destroyIn("inactive");
+    });
+    connect(zone, &DragZone::dragEnded, &m_log, [&] { destroyIn("ended"); });
+    const DuringDrag drag(zone, { [&] {
+                                     const auto *marker = m_scene->find("marker");
+                                     if (!marker)
+                                         return;
+                                     connect(marker->findChild<DragZoneAttachedObject *>(),
+                                             &DragZoneAttachedObject::modifiersChanged, &m_log,
+                                             [&] { destroyIn("modifiers"); });
+                                 },
+                                  [&] { moveTo(kNowhere, Qt::ShiftModifier); },
+                                  [&] { dropAt(kTarget); } });
+    begin();
+    s_created = [] {};
+    QVERIFY(done);
+    QVERIFY(!zone || !zone->isDragActive());
+    delete delegate;
+    if (outright)
+        m_log.take();
+}
+
+// The parent that the zone had is its parent again, unless it got another one meanwhile.
+void tst_DragLife::parents()
+{
+    QObject other;
+    QVERIFY(runDrag({ [&] { m_zone->setParent(&other); }, [&] { dropAt(kNowhere); } }));
+    QCOMPARE(m_zone->QObject::parent(), &other);
+    m_zone->setParent(nullptr);
+    QVERIFY(runDrag({ [&] { dropAt(kNowhere); } }));
+    QCoreApplication::processEvents();
+    QVERIFY(m_zone && !m_zone->QObject::parent());
+    delete m_zone;
+}
+
+// A zone that a script has made and forgotten belongs to its parent again after the drag; without
+// one, in between, it must not be collected.
+void tst_DragLife::collectedGarbage()
+{
+    m_zone->setVisible(false);
+    QMetaObject::invokeMethod(place(), "makeZone",
+                              Q_ARG(QVariant, QVariant::fromValue(m_scene->find("parent"))));
+    const QPointer<DragZone> zone = m_scene->find<DragZone>("scriptZone");
+    QVERIFY(zone);
+    m_log.watch(zone, names({ "dragStarted", "dragEnded" }));
+    const DuringDrag drag(zone, { [&] { m_scene->engine().collectGarbage(); }, [&] {},
+                                  [&] { dropAt(kNowhere); } });
+    begin();
+    QVERIFY(drag.isThrough());
+    QCoreApplication::processEvents();
+    QVERIFY(zone);
+    m_scene->engine().collectGarbage();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(zone);
+}
+
+void tst_DragLife::engineGoes()
+{
+    auto engine = std::make_unique<QQmlEngine>();
+    QQmlComponent component(engine.get());
+    component.setData("import QtQuick 2.15; import tamber.Ui 1.0\n"
+                      "UiDragZone { x: 100; y: 100; objectName: 'zone'\n"
+                      "dragDelegate: Component { Item { objectName: 'marker' } }\n"
+                      "mimeData: UiJsonMimeData { mimeType: 'a/b'; value: ({ a: 1 }) }\n"
+                      "MouseArea { width: 100; height: 100 } }",
+                      QUrl());
+    const std::unique_ptr<QObject> object(component.create());
+    auto *zone = qobject_cast<DragZone *>(object.get());
+    QVERIFY(zone);
+    m_zone->setVisible(false);
+    zone->setParentItem(place());
+    m_log.watch(zone, names({ "dragStarted", "dragEnded" }));
+    const DuringDrag drag(zone, { [&] { engine.reset(); } });
+    begin();
+    QVERIFY(drag.isThrough());
+    QCOMPARE(m_log.entries(), names({ "dragStarted", "dragEnded" }));
+    QCoreApplication::processEvents();
+}
+
+// No growth, and nothing left in the window.
+void tst_DragLife::manyDrags()
+{
+    const int children = m_scene->window()->contentItem()->childItems().count();
+    const auto drags = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            if (!runDrag({ [&] { dropAt(i % 2 ? kTarget : kNowhere); } }))
+                return false;
+            QCoreApplication::processEvents();
+        }
+        m_log.take();
+        m_scene->engine().collectGarbage();
+        return m_scene->waitForFrame();
+    };
+    QVERIFY(drags(300)); // caches fill
+    const auto before = mallinfo2().uordblks;
+    QVERIFY(drags(1000));
+    QCOMPARE(m_scene->window()->contentItem()->childItems().count(), children);
+    QVERIFY(m_zone->findChildren<QObject *>(QString(), Qt::FindDirectChildrenOnly).count() <= 2);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    const auto after = mallinfo2().uordblks;
+    QVERIFY2(after <= before + before / 100,
+             qPrintable(QStringLiteral("%1 -> %2").arg(before).arg(after)));
+#else
+    Q_UNUSED(before) // a sanitizer's allocator does not tell
+#endif
+}
+
+TAMBER_TEST_MAIN(tst_DragLife)
+#include "tst_draglife.moc"

@@ -1,0 +1,198 @@
+#include "support/input.h"
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/DelegateBase>
+
+#include <QtGui/QAccessible>
+#include <QtGui/QImage>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+class tst_KitLoading : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void listDelegate();
+    void progress_data();
+    void progress();
+    void progressRests();
+    void group();
+    void fixedGroup();
+};
+
+namespace {
+
+QImage picture(Scene &scene)
+{
+    return scene.window()->grabWindow();
+}
+
+} // namespace
+
+void tst_KitLoading::initTestCase()
+{
+    Scene::useKit();
+}
+
+// Each state of a row shows, and what is not enabled reacts to nothing.
+void tst_KitLoading::listDelegate()
+{
+    Scene scene(QStringLiteral("UiListDelegate { objectName: 'row'; width: 200; text: 'Row' }"),
+                QSize(240, 60));
+    QVERIFY(scene.isValid());
+    auto *row = scene.find<DelegateBase>("row");
+    QVector<QColor> colors { row->color() };
+    QCOMPARE(row->color().alpha(), 0);
+    move(scene.window(), center(row));
+    colors << row->color();
+    press(scene.window(), center(row));
+    colors << row->color();
+    row->setActive(true);
+    colors << row->color();
+    release(scene.window(), center(row));
+    row->setDefocused(true);
+    colors << row->color();
+    for (int i = 0; i < colors.count(); ++i)
+        QCOMPARE(colors.indexOf(colors.at(i)), i);
+
+    SignalLog log;
+    log.watch(row, names({ "clicked" }));
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(row);
+    QVERIFY(accessible && accessible->state().selected);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Row"));
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(log.take().count(), 1);
+    row->setEnabled(false);
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    click(scene.window(), center(row));
+    QCOMPARE(log.take().count(), 0);
+}
+
+void tst_KitLoading::progress_data()
+{
+    QTest::addColumn<QString>("properties");
+    QTest::addColumn<int>("filled"); // of 200 pixels
+    QTest::newRow("nothing") << QStringLiteral("") << 0;
+    QTest::newRow("part") << QStringLiteral("value: 30.2") << 60;
+    QTest::newRow("too much") << QStringLiteral("value: 1e9") << 200;
+    QTest::newRow("too little") << QStringLiteral("value: -5") << 0;
+    QTest::newRow("other range") << QStringLiteral("minimumValue: -1; maximumValue: 1; value: 0")
+                                 << 100;
+    QTest::newRow("empty range") << QStringLiteral("minimumValue: 5; maximumValue: 5; value: 5")
+                                 << 0;
+    QTest::newRow("no number") << QStringLiteral("value: NaN") << 0;
+    QTest::newRow("nobody knows") << QStringLiteral("indeterminate: true") << 200;
+}
+
+void tst_KitLoading::progress()
+{
+    QFETCH(QString, properties);
+    QFETCH(int, filled);
+    Scene scene(QStringLiteral("UiProgressBar { width: 200; height: 10; %1 }").arg(properties),
+                QSize(240, 60));
+    QVERIFY(scene.isValid());
+    const QImage image = picture(scene);
+    const QRgb empty = QColor(0xE4, 0xE4, 0xE4).rgb();
+    int count = 0;
+    while (count < 200 && image.pixel(count, 5) != empty)
+        ++count;
+    QCOMPARE(count, filled);
+    for (int x = count; x < 200; ++x)
+        QCOMPARE(image.pixel(x, 5), empty);
+}
+
+// Stripes run while there is something to wait for and somebody who sees it, and at no other time.
+void tst_KitLoading::progressRests()
+{
+    Scene scene(QStringLiteral("property bool seen: true\n"
+                               "UiProgressBar { objectName: 'bar'; width: 200; height: 10\n"
+                               "value: 50; visible: parent.seen }"),
+                QSize(240, 60));
+    QVERIFY(scene.isValid());
+    auto *bar = scene.find("bar");
+    const auto moves = [&] {
+        scene.waitForFrame();
+        QSignalSpy frames(scene.window(), &QQuickWindow::frameSwapped);
+        return frames.wait(300) && frames.wait(300) && frames.wait(300);
+    };
+    QVERIFY(!moves());
+    const QImage still = picture(scene);
+    bar->setProperty("busy", true);
+    QVERIFY(moves());
+    QVERIFY(picture(scene) != still);
+    scene.root()->setProperty("seen", false);
+    QVERIFY(!moves());
+    scene.root()->setProperty("seen", true);
+    QVERIFY(moves());
+    bar->setEnabled(false);
+    QVERIFY(!moves());
+}
+
+void tst_KitLoading::group()
+{
+    Scene scene(QStringLiteral("UiGroup { objectName: 'group'; width: 240; title: 'Title'\n"
+                               "UiCheckBox { objectName: 'inside'; text: 'Inside' } }\n"
+                               "UiCheckBox { objectName: 'after'; y: 300; text: 'After' }"));
+    QVERIFY(scene.isValid());
+    auto *group = scene.find("group");
+    auto *inside = scene.find("inside");
+    SignalLog log;
+    log.watch(group, names({ "toggled" }));
+    const qreal unfolded = group->implicitHeight();
+    click(scene.window(), QPoint(60, 16));
+    QVERIFY(group->property("collapsed").toBool());
+    QTRY_COMPARE(group->implicitHeight(), 32.0);
+    QVERIFY(!inside->isVisible());
+    QCOMPARE(log.take().count(), 1);
+
+    // From the keyboard; what is folded away is no tab stop.
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QVERIFY(scene.find("after")->hasActiveFocus());
+    QTest::keyClick(scene.window(), Qt::Key_Backtab);
+    const struct
+    {
+        Qt::Key key;
+        bool collapsed;
+    } rows[] = {
+        { Qt::Key_Space, false }, { Qt::Key_Right, false }, { Qt::Key_Left, true },
+        { Qt::Key_Left, true },   { Qt::Key_Right, false }, { Qt::Key_Return, true },
+        { Qt::Key_Enter, false },
+    };
+    for (const auto &row : rows) {
+        QTest::keyClick(scene.window(), row.key);
+        QCOMPARE(group->property("collapsed").toBool(), row.collapsed);
+    }
+    QCOMPARE(log.take().count(), 5);
+    QTRY_COMPARE(group->implicitHeight(), unfolded);
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QVERIFY(inside->hasActiveFocus());
+
+    // The host folds without a signal of the user's.
+    group->setProperty("collapsed", true);
+    QCOMPARE(log.take().count(), 0);
+    QVERIFY(!inside->isEnabled());
+}
+
+void tst_KitLoading::fixedGroup()
+{
+    Scene scene(QStringLiteral("UiGroup { objectName: 'group'; width: 240; title: 'Title'\n"
+                               "collapsible: false; collapsed: true\n"
+                               "UiCheckBox { objectName: 'inside'; text: 'Inside' } }"));
+    QVERIFY(scene.isValid());
+    SignalLog log;
+    log.watch(scene.find("group"), names({ "toggled" }));
+    click(scene.window(), QPoint(60, 16));
+    QCOMPARE(log.take().count(), 0);
+    QVERIFY(scene.find("inside")->isVisible() && scene.find("inside")->isEnabled());
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QVERIFY(scene.find("inside")->hasActiveFocus());
+}
+
+TAMBER_TEST_MAIN(tst_KitLoading)
+#include "tst_kitloading.moc"

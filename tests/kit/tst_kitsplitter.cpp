@@ -1,0 +1,204 @@
+#include "support/input.h"
+#include "support/scene.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/DragHandle>
+
+#include <QtGui/QAccessible>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+class tst_KitSplitter : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void drag_data();
+    void drag();
+    void sizes_data();
+    void sizes();
+    void keys();
+    void doubleClick();
+    void disabled();
+    void accessibility();
+
+private:
+    int paneSize() const { return m_splitter->property("paneSize").toInt(); }
+    // Both panes and the line between them, from one end to the other.
+    bool isFilled() const;
+
+    std::unique_ptr<Scene> m_scene;
+    QQuickItem *m_splitter = nullptr;
+    DragHandle *m_handle = nullptr;
+    SignalLog m_log;
+};
+
+void tst_KitSplitter::initTestCase()
+{
+    Scene::useKit();
+}
+
+void tst_KitSplitter::init()
+{
+    TestCase::init();
+    m_scene = std::make_unique<Scene>(QStringLiteral(
+        "UiSplitter { objectName: 'splitter'; width: 401; height: 301; size: 150; text: 'Border'\n"
+        "minimumSize: 100; minimumRest: 80\n"
+        "first: Item { objectName: 'first'; anchors.fill: parent }\n"
+        "second: Item { objectName: 'second'; anchors.fill: parent } }"));
+    QVERIFY(m_scene->isValid());
+    m_splitter = m_scene->find("splitter");
+    m_handle = m_scene->find<DragHandle>("splitterHandle");
+    m_log.take();
+    m_log.watch(m_splitter, { QStringLiteral("moved") });
+}
+
+bool tst_KitSplitter::isFilled() const
+{
+    const QRectF all(QPointF(), m_splitter->size());
+    const auto place = [&](const char *name) {
+        const auto *item = m_scene->find(name);
+        return item->mapRectToItem(m_splitter, QRectF(QPointF(), item->size()));
+    };
+    const QRectF first = place("first");
+    const QRectF second = place("second");
+    const bool horizontal = m_splitter->property("orientation").toInt() == Qt::Horizontal;
+    return first.topLeft() == all.topLeft() && second.bottomRight() == all.bottomRight()
+           && (horizontal ? second.left() - first.right() : second.top() - first.bottom()) == 1;
+}
+
+void tst_KitSplitter::drag_data()
+{
+    QTest::addColumn<bool>("vertical");
+    QTest::addColumn<bool>("sizesSecond");
+    QTest::addColumn<QVector<int>>("expected"); // after +50, +500 and -500 pixels
+    QTest::newRow("horizontal") << false << false << QVector<int> { 200, 320, 100 };
+    QTest::newRow("horizontal, second") << false << true << QVector<int> { 100, 100, 320 };
+    QTest::newRow("vertical") << true << false << QVector<int> { 200, 220, 100 };
+    QTest::newRow("vertical, second") << true << true << QVector<int> { 100, 100, 220 };
+}
+
+// Beyond a limit the border waits there until the pointer is back.
+void tst_KitSplitter::drag()
+{
+    QFETCH(bool, vertical);
+    QFETCH(bool, sizesSecond);
+    QFETCH(QVector<int>, expected);
+    m_splitter->setProperty("orientation", int(vertical ? Qt::Vertical : Qt::Horizontal));
+    m_splitter->setProperty("sizesSecond", sizesSecond);
+    QVERIFY(isFilled());
+    QCOMPARE(m_handle->cursor().shape(), vertical ? Qt::SizeVerCursor : Qt::SizeHorCursor);
+    const QPoint start = center(m_handle);
+    press(m_scene->window(), start);
+    const int ways[] = { 50, 500, -500 };
+    for (int i = 0; i < 3; ++i) {
+        QTest::mouseMove(m_scene->window(),
+                         start + (vertical ? QPoint(30, ways[i]) : QPoint(ways[i], 30)));
+        QCOMPARE(paneSize(), expected.at(i));
+        QVERIFY(isFilled());
+    }
+    QTest::mouseMove(m_scene->window(), start);
+    QCOMPARE(paneSize(), 150);
+    release(m_scene->window(), start);
+    QVERIFY(m_log.entries().count() >= 3);
+}
+
+void tst_KitSplitter::sizes_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("room") << 401 << 150;
+    QTest::newRow("less than both want") << 221 << 140;
+    QTest::newRow("just the minimums") << 181 << 100;
+    QTest::newRow("the rest gives way") << 151 << 100;
+    QTest::newRow("not even that") << 61 << 60;
+    QTest::newRow("nothing") << 0 << 0;
+}
+
+// The size that was chosen comes back with the room for it.
+void tst_KitSplitter::sizes()
+{
+    QFETCH(int, width);
+    QFETCH(int, expected);
+    m_splitter->setWidth(width);
+    QCOMPARE(paneSize(), expected);
+    m_splitter->setWidth(401);
+    QCOMPARE(paneSize(), 150);
+    QCOMPARE(m_log.take(), QStringList());
+}
+
+void tst_KitSplitter::keys()
+{
+    m_handle->forceActiveFocus();
+    const struct
+    {
+        Qt::Key key;
+        int expected;
+    } rows[] = {
+        { Qt::Key_Right, 166 },  { Qt::Key_Left, 150 }, { Qt::Key_Home, 100 },
+        { Qt::Key_Left, 100 },   { Qt::Key_End, 320 },  { Qt::Key_Up, 320 },
+        { Qt::Key_Delete, 150 },
+    };
+    for (const auto &row : rows) {
+        QTest::keyClick(m_scene->window(), row.key);
+        QCOMPARE(paneSize(), row.expected);
+    }
+    QCOMPARE(m_log.count(QStringLiteral("moved")), 5);
+    m_splitter->setProperty("orientation", int(Qt::Vertical));
+    m_splitter->setProperty("sizesSecond", true);
+    QTest::keyClick(m_scene->window(), Qt::Key_Down);
+    QCOMPARE(paneSize(), 134);
+}
+
+void tst_KitSplitter::doubleClick()
+{
+    m_splitter->setProperty("size", 300);
+    click(m_scene->window(), center(m_handle));
+    QCOMPARE(paneSize(), 300);
+    click(m_scene->window(), center(m_handle));
+    QCOMPARE(paneSize(), 150);
+    QVERIFY(!QGuiApplication::overrideCursor());
+
+    // Two drags in a row are none.
+    for (int way : { 30, 60 }) {
+        press(m_scene->window(), center(m_handle));
+        QTest::mouseMove(m_scene->window(), center(m_handle) + QPoint(30, 0));
+        release(m_scene->window(), center(m_handle));
+        QCOMPARE(paneSize(), 150 + way);
+    }
+}
+
+// In the middle of a drag, too.
+void tst_KitSplitter::disabled()
+{
+    const QPoint start = center(m_handle);
+    press(m_scene->window(), start);
+    QTest::mouseMove(m_scene->window(), start + QPoint(20, 0));
+    m_splitter->setEnabled(false);
+    QTest::mouseMove(m_scene->window(), start + QPoint(60, 0));
+    release(m_scene->window(), start);
+    QCOMPARE(paneSize(), 170);
+    press(m_scene->window(), start + QPoint(20, 0));
+    QTest::mouseMove(m_scene->window(), start + QPoint(60, 0));
+    release(m_scene->window(), start);
+    QCOMPARE(paneSize(), 170);
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void tst_KitSplitter::accessibility()
+{
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(m_handle);
+    QVERIFY(accessible);
+    QCOMPARE(accessible->role(), QAccessible::Splitter);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Border"));
+    QVERIFY(accessible->state().focusable);
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+    QCOMPARE(paneSize(), 166);
+}
+
+TAMBER_TEST_MAIN(tst_KitSplitter)
+#include "tst_kitsplitter.moc"
