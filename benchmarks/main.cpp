@@ -55,6 +55,9 @@ int main(int argc, char **argv)
         return 2;
 
     ta::ui::register_private();
+    const bench::Rows rows = bench::buttonRows() + bench::dialogRows() + bench::paletteRows()
+                             + bench::popupRows() + bench::sliderRows() + bench::sceneGraphRows()
+                             + bench::thumbnailRows();
     const bench::Rows rows = bench::buttonRows() + bench::delegateRows() + bench::dragRows()
                              + bench::dropRows() + bench::menuRows() + bench::paletteRows()
                              + bench::popupRows() + bench::sceneGraphRows() + bench::scrollingRows()

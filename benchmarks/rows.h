@@ -6,6 +6,7 @@ namespace bench {
 
 // One function per bench_<theme>.cpp; main() puts their rows into one table.
 Rows buttonRows();
+Rows dialogRows();
 Rows delegateRows();
 Rows dragRows();
 Rows dropRows();
