@@ -205,9 +205,10 @@ Page {
 
             MenuTarget {
                 width: parent.width
+                height: 116
                 active: rankedMenu.menuVisible
                 objectName: "rankedTarget"
-                text: qsTr("Right-click: Undo, Translate, Redo, Save, Properties")
+                text: qsTr("Right-click here")
 
                 UiContextMenu {
                     id: rankedMenu
