@@ -6,6 +6,7 @@ namespace bench {
 
 // One function per bench_<theme>.cpp; main() puts their rows into one table.
 Rows buttonRows();
+Rows dialogRows();
 Rows delegateRows();
 Rows dragRows();
 Rows dropRows();
@@ -13,6 +14,7 @@ Rows menuRows();
 Rows paletteRows();
 Rows popupRows();
 Rows sceneGraphRows();
+Rows scrollingRows();
 Rows sliderRows();
 Rows textRows();
 Rows thumbnailRows();

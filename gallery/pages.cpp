@@ -23,6 +23,7 @@ constexpr Page kPages[] = {
     { "dates", "Dates", "Dates.qml" },
     { "colour", "Colour", "Colour.qml" },
     { "popups", "Popups", "Popups.qml" },
+    { "dialogs", "Dialogs", "Dialogs.qml" },
     { "menus", "Menus", "Menus.qml" },
     { "tooltips", "Tooltips", "Tooltips.qml" },
     { "loading", "Loading", "Loading.qml" },

@@ -117,6 +117,11 @@ void registerPublic(const char *uri)
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
+             "UiCalendar",   "UiCheckBox",    "UiColorButton",  "UiColorPicker",
+             "UiComboBox",   "UiDateField",   "UiGroup",        "UiHorizontalSeparator",
+             "UiInfoTip",    "UiLineEdit",    "UiListDelegate", "UiLoadIndicator",
+             "UiMessageBox", "UiProgressBar", "UiPushButton",   "UiSlider",
+             "UiSpinBox",    "UiSplitter",    "UiText",         "UiToolButton",
              "UiCalendar",    "UiCheckBox",   "UiColorButton",  "UiColorPicker",
              "UiComboBox",    "UiDateField",  "UiGroup",        "UiHorizontalSeparator",
              "UiInfoTip",     "UiLineEdit",   "UiListDelegate", "UiLoadIndicator",

@@ -25,7 +25,7 @@ UiDialog {
         Item {
             property UiDialog dialog
 
-            implicitWidth: Math.max(320, message.x + message.width + 24)
+            implicitWidth: Math.max(320, message.x + message.width + 15)
             implicitHeight: Math.max(picture.visible ? 32 : 0, message.height) + 48
 
             Accessible.role: Accessible.AlertMessage
@@ -34,7 +34,7 @@ UiDialog {
             UiIcon {
                 id: picture
 
-                x: 24
+                x: 13 // the glyph begins where the title does
                 y: 24
                 iconName: root.icon === Ui.MessageBoxOkIcon ? "ok"
                         : root.icon === Ui.MessageBoxWarningIcon ? "warning"
@@ -47,7 +47,7 @@ UiDialog {
             UiText {
                 id: message
 
-                x: picture.visible ? 72 : 24
+                x: picture.visible ? 60 : 15
                 y: 24 + Math.max(0, Math.floor(((picture.visible ? 32 : 0) - height) / 2))
                 width: Math.min(Math.ceil(implicitWidth), 400)
                 lineHeight: 1.2

@@ -179,10 +179,10 @@ void tst_KitDialogs::messageBox()
     QCOMPARE(picture->isVisible(), !iconName.isEmpty());
     QCOMPARE(content->size(), QSizeF(320, iconName.isEmpty() ? 48 + text->height() : 80));
     QVERIFY(qAbs(text->y() + text->height() / 2 - content->height() / 2) <= 0.5);
-    QCOMPARE(text->x(), iconName.isEmpty() ? 24.0 : 72.0);
+    QCOMPARE(text->x(), iconName.isEmpty() ? 15.0 : 60.0);
     box->setProperty("text", QStringLiteral("word ").repeated(60));
     QCOMPARE(text->width(), 400.0);
-    QCOMPARE(content->width(), text->x() + 424);
+    QCOMPARE(content->width(), text->x() + 415);
     QCOMPARE(content->height(), text->height() + 48);
     QVERIFY(text->height() > 60);
     QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(content);

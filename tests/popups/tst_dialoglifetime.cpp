@@ -483,7 +483,7 @@ void tst_DialogLifetime::heap()
     const auto after = mallinfo2().uordblks;
     QVERIFY2(after <= before + before / 100,
              qPrintable(QStringLiteral("%1 -> %2").arg(before).arg(after)));
-    QVERIFY(dialog->children().isEmpty());
+    QVERIFY(dialog->findChildren<QQuickItem *>(QString(), Qt::FindDirectChildrenOnly).isEmpty());
 }
 
 TAMBER_TEST_MAIN(tst_DialogLifetime)
