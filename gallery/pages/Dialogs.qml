@@ -18,7 +18,7 @@ Page {
     }
 
     title: qsTr("Dialogs")
-    summary: qsTr("They keep all other input away until they are answered, and give the focus back. Tab stays inside, Return takes the first primary button, Escape cancels.")
+    summary: qsTr("They keep all other input away until they are answered. Return takes the first primary button, Escape cancels.")
 
     footer: StatusLine {
         text: root.answer
