@@ -55,14 +55,11 @@ int main(int argc, char **argv)
         return 2;
 
     ta::ui::register_private();
-    const bench::Rows rows = bench::buttonRows() + bench::dialogRows() + bench::paletteRows()
-                             + bench::popupRows() + bench::sliderRows() + bench::sceneGraphRows()
-                             + bench::thumbnailRows();
-    const bench::Rows rows = bench::buttonRows() + bench::delegateRows() + bench::dragRows()
-                             + bench::dropRows() + bench::menuRows() + bench::paletteRows()
-                             + bench::popupRows() + bench::sceneGraphRows() + bench::scrollingRows()
-                             + bench::sliderRows() + bench::textRows() + bench::thumbnailRows()
-                             + bench::tooltipRows();
+    const bench::Rows rows = bench::buttonRows() + bench::delegateRows() + bench::dialogRows()
+                             + bench::dragRows() + bench::dropRows() + bench::menuRows()
+                             + bench::paletteRows() + bench::popupRows() + bench::sceneGraphRows()
+                             + bench::scrollingRows() + bench::sliderRows() + bench::textRows()
+                             + bench::thumbnailRows() + bench::tooltipRows();
     bench::Stage stage;
     const bench::Results results = bench::compare(rows, stage);
     if (results.isEmpty()) {

@@ -6,8 +6,8 @@ namespace bench {
 
 // One function per bench_<theme>.cpp; main() puts their rows into one table.
 Rows buttonRows();
-Rows dialogRows();
 Rows delegateRows();
+Rows dialogRows();
 Rows dragRows();
 Rows dropRows();
 Rows menuRows();

@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int kPatience = 10000; // ms until a frame must have been shown
+constexpr int kSettlingTime = 400; // ms until what fades in on a new page is there
 
 bool waitForFrame(QQuickWindow *window)
 {
@@ -32,6 +33,9 @@ bool takePicture(QQuickWindow *window, const QString &name, const QDir &folder)
     }
     // What the page has asked for in the background arrives with the frame after it is done.
     QThreadPool::globalInstance()->waitForDone(kPatience);
+    QEventLoop loop;
+    QTimer::singleShot(kSettlingTime, &loop, &QEventLoop::quit);
+    loop.exec();
     if (!waitForFrame(window))
         return false;
     const QImage picture = window->grabWindow();

@@ -91,8 +91,9 @@ public:
     bool contains(const QPointF &point) const override
     {
         const bool inside = QQuickItem::contains(point);
-        if (inContains)
-            inContains();
+        const auto call = inContains; // which may destroy the item, and its member
+        if (call)
+            call();
         return inside;
     }
 };
