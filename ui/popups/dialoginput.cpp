@@ -46,8 +46,12 @@ bool Dialog::eventFilter(QObject *watched, QEvent *event)
         handled = d->press(watched, static_cast<QMouseEvent *>(event)->screenPos());
         break;
     case QEvent::KeyPress:
+        d->heldKey = static_cast<QKeyEvent *>(event)->key();
         handled = d->key(watched, static_cast<QKeyEvent *>(event)->key());
         break;
+    case QEvent::KeyRelease:
+        d->heldKey = 0;
+        return false;
     case QEvent::Wheel:
         handled = !d->isOwnWindow(watched) && !isInsidePopup(watched) && d->isOutside(watched);
         break;
