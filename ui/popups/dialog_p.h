@@ -42,6 +42,7 @@ public:
     bool press(QObject *watched, const QPointF &screenPosition);
     bool key(QObject *watched, int key);
     bool tab(const char *signal);
+    void windowCloses();
     bool isOwnWindow(const QObject *watched) const { return watched && watched == window(); }
     bool isBlind(const QObject *watched) const;
     bool isOutside(const QObject *watched) const;
