@@ -7,6 +7,7 @@
 #include <TamberUi/LineEditBase>
 #include <TamberUi/MenuItem>
 #include <TamberUi/PopupAnchor>
+#include <TamberUi/SliderBase>
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
@@ -153,6 +154,8 @@ void Trace::follow(QQuickItem *item)
     } else if (auto *source = qobject_cast<DragZone *>(item)) {
         connect(source, &DragZone::dragStarted, this, &Trace::tellDragBegin, Qt::UniqueConnection);
         connect(source, &DragZone::dragEnded, this, &Trace::tellDragEnd, Qt::UniqueConnection);
+    } else if (auto *slider = qobject_cast<SliderBase *>(item)) {
+        connect(slider, &SliderBase::valueChanged, this, &Trace::tellValue, Qt::UniqueConnection);
     } else if (auto *zone = qobject_cast<DropZone *>(item)) {
         connect(zone, &DropZone::dragEnter, this, &Trace::tellDragOver, Qt::UniqueConnection);
         connect(zone, &DropZone::dragExit, this, &Trace::tellDragOff, Qt::UniqueConnection);
@@ -200,6 +203,13 @@ void Trace::tellText()
 {
     const auto *edit = qobject_cast<LineEditBase *>(sender());
     tell(QLatin1String("text ") + edit->objectName() + QLatin1Char(' ') + edit->text());
+}
+
+void Trace::tellValue()
+{
+    const auto *slider = qobject_cast<SliderBase *>(sender());
+    tell(QLatin1String("value ") + slider->objectName() + QLatin1Char(' ')
+         + QString::number(slider->value()));
 }
 
 void Trace::tellDragBegin()

@@ -22,6 +22,7 @@
     \li \c{clicked NAME}: of a button
     \li \c{triggered NAME}: of a menu's entry, whose item goes by its name
     \li \c{text NAME TEXT}: of a line edit that holds another text
+    \li \c{value NAME NUMBER}: of a slider that holds another value
     \li \c{drag begins NAME}, \c{drag ends NAME}: of a drag zone
     \li \c{drag over NAME}, \c{drag off NAME}: of a drop zone that takes what is dragged
     \li \c{dropped NAME KEYS VALUE}: the keys as a number of Qt, the value as JSON
@@ -55,6 +56,7 @@ private Q_SLOTS:
     void tellClick();
     void tellTriggered();
     void tellText();
+    void tellValue();
     void tellDragBegin();
     void tellDragEnd();
     void tellDragOver();

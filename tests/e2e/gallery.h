@@ -15,7 +15,7 @@ namespace ta::test {
 class Gallery
 {
 public:
-    enum Button : int { Left = 1, Right = 3 }; ///< as the X server counts them
+    enum Button : int { Left = 1, Middle = 2, Right = 3 }; ///< as the X server counts them
 
     explicit Gallery(const QStringList &arguments);
     /// Another \a program that traces itself in the same way.

@@ -12,6 +12,7 @@ class tst_Gallery : public TestCase
 private Q_SLOTS:
     void popup();
     void comboBox();
+    void slider();
     void navigation();
     void resizing();
     void closedWithOpenPopup();
@@ -75,6 +76,22 @@ void tst_Gallery::comboBox()
     gallery.key("Down");
     gallery.key("Return");
     QVERIFY(gallery.says(QStringLiteral("popup closed sizeComboPopup")));
+    gallery.key("alt+F4");
+    QVERIFY(gallery.endsWell());
+}
+
+// From one end to the other, and further: the value stays at the end.
+void tst_Gallery::slider()
+{
+    Gallery gallery({ QStringLiteral("--page"), QStringLiteral("sliders") });
+    QVERIFY(gallery.says(QStringLiteral("ready sliders")));
+    const QRect area = gallery.area(QStringLiteral("volumeSlider"));
+    const int y = area.center().y();
+    gallery.drag(QPoint(area.left() + 1, y), QPoint(area.right() + 100, y));
+    QVERIFY(gallery.says(QStringLiteral("value volumeSlider 0")));
+    QVERIFY(gallery.says(QStringLiteral("value volumeSlider 100")));
+    gallery.clickAt(QPoint(area.left() + 1, y), Gallery::Middle);
+    QVERIFY(gallery.says(QStringLiteral("value volumeSlider 70")));
     gallery.key("alt+F4");
     QVERIFY(gallery.endsWell());
 }
