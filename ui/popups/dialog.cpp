@@ -357,10 +357,18 @@ void DialogPrivate::bequeathFocus(const QQuickItem *closing)
     }
 }
 
+// Where that item is gone, a dialog below must not be left without the focus: none of its keys
+// would work.
 void DialogPrivate::restoreFocus()
 {
-    if (QQuickItem *item = std::exchange(previousFocusItem, nullptr))
+    if (QQuickItem *item = std::exchange(previousFocusItem, nullptr)) {
         item->forceActiveFocus();
+        return;
+    }
+    const auto *top = qobject_cast<Dialog *>(PopupStack::top());
+    QQuickItem *scope = top && top->d->window() == window() ? top->d->contentScope : nullptr;
+    if (scope && !scope->hasActiveFocus())
+        scope->forceActiveFocus();
 }
 
 // --- The public class ---------------------------------------------------------------------------
