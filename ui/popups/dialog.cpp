@@ -1,5 +1,6 @@
 #include "dialog_p.h"
 
+#include "heldkey_p.h"
 #include "popupstack.h"
 
 #include "foundation/assign.h"
@@ -357,18 +358,23 @@ void DialogPrivate::bequeathFocus(const QQuickItem *closing)
     }
 }
 
-// Where that item is gone, a dialog below must not be left without the focus: none of its keys
-// would work.
 void DialogPrivate::restoreFocus()
 {
-    if (QQuickItem *item = std::exchange(previousFocusItem, nullptr)) {
-        item->forceActiveFocus();
-        return;
+    QQuickItem *item = std::exchange(previousFocusItem, nullptr);
+    const int key = std::exchange(heldKey, 0);
+    if (!item) {
+        // A dialog below must not be left without the focus: none of its keys would work.
+        const auto *top = qobject_cast<Dialog *>(PopupStack::top());
+        if (top && top->d->window() == window())
+            item = top->d->contentScope;
+        if (!item || item->hasActiveFocus())
+            return;
     }
-    const auto *top = qobject_cast<Dialog *>(PopupStack::top());
-    QQuickItem *scope = top && top->d->window() == window() ? top->d->contentScope : nullptr;
-    if (scope && !scope->hasActiveFocus())
-        scope->forceActiveFocus();
+    // The key that closed the dialog is still down: released in the button that opened it, it would
+    // open it again.
+    if (key)
+        HeldKeyFilter::swallowRest(key);
+    item->forceActiveFocus();
 }
 
 // --- The public class ---------------------------------------------------------------------------

@@ -74,6 +74,7 @@ public:
     ObjectList<DialogButton> buttons;
     QPointer<DialogButton> defaultButton;
     QPointer<QQuickItem> previousFocusItem;
+    int heldKey = 0; // went down while the dialog was on top, and is not up yet
 
     int locks = 0; // while there are any show() does nothing
     bool onStack = false;

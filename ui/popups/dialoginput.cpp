@@ -42,7 +42,11 @@ bool Dialog::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseButtonPress:
         return d->press(watched, static_cast<QMouseEvent *>(event)->screenPos());
     case QEvent::KeyPress:
-        return d->key(watched, static_cast<QKeyEvent *>(event)->key());
+        d->heldKey = static_cast<QKeyEvent *>(event)->key();
+        return d->key(watched, d->heldKey);
+    case QEvent::KeyRelease:
+        d->heldKey = 0;
+        return false;
     case QEvent::Wheel:
         return !d->isOwnWindow(watched) && !isInsidePopup(watched) && d->isOutside(watched);
     case QEvent::HoverEnter:
