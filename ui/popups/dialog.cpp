@@ -294,6 +294,11 @@ void DialogPrivate::close(const QQuickItem *closing)
     if (!guard || host) // shown again: it is on the stack and remembers the focus as before
         return;
     leaveStack();
+    // A dialog below must not be left without the focus: none of its keys would work.
+    const auto *top = qobject_cast<Dialog *>(PopupStack::top());
+    if (!previousFocusItem && top && top->d->window() == window() && top->d->contentScope
+        && !top->d->contentScope->hasActiveFocus())
+        previousFocusItem = top->d->contentScope;
     restoreFocus();
 }
 
@@ -362,14 +367,8 @@ void DialogPrivate::restoreFocus()
 {
     QQuickItem *item = std::exchange(previousFocusItem, nullptr);
     const int key = std::exchange(heldKey, 0);
-    if (!item) {
-        // A dialog below must not be left without the focus: none of its keys would work.
-        const auto *top = qobject_cast<Dialog *>(PopupStack::top());
-        if (top && top->d->window() == window())
-            item = top->d->contentScope;
-        if (!item || item->hasActiveFocus())
-            return;
-    }
+    if (!item)
+        return;
     // The key that closed the dialog is still down: released in the button that opened it, it would
     // open it again.
     if (key)
