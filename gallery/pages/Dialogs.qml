@@ -46,7 +46,8 @@ Page {
                 ]
 
                 UiPushButton {
-                    style: probe.effectiveStyle
+                width: Math.max(80, Math.floor((root.contentWidth - 112) / 9))
+                style: probe.effectiveStyle
                     text: probe.text
 
                     onClicked: {
@@ -191,7 +192,7 @@ Page {
         Card {
             width: root.cardWidth
             title: qsTr("Size")
-            summary: qsTr("That of the content, a fixed one, or the window's less margins; what is too long scrolls.")
+            summary: qsTr("The content's, a fixed one, or the window's less margins.")
 
             Flow {
                 width: parent.width
@@ -204,7 +205,7 @@ Page {
 
                 DialogOpener {
                     dialog: fixedSized
-                    text: qsTr("480 x 320")
+                    text: qsTr("Fixed")
                 }
 
                 DialogOpener {

@@ -388,6 +388,11 @@ void tst_LineEditBase::hoverAndDisabling()
     scene.edit->setEnabled(false);
     QVERIFY(!scene.input->hasActiveFocus());
     QCOMPARE(scene.edit->text(), QStringLiteral("typed"));
+
+    // A child of something disabled becomes enabled once more in the middle of its destruction.
+    scene.edit->setEnabled(true);
+    scene.root()->setEnabled(false);
+    delete scene.edit;
 }
 
 void tst_LineEditBase::oddEditors_data()

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void handlersThatDestroy_data();
     void handlersThatDestroy();
     void outlivesWhatItUses();
+    void itemThatFollowsItsParent();
 };
 
 namespace {
@@ -367,6 +368,35 @@ void tst_Loader::outlivesWhatItUses()
     QVERIFY(!loader->sourceComponent());
     loader->setProperties({ { QStringLiteral("x"), 1 } });
     QVERIFY(!loader->item());
+
+    // An item outlives its component, until it is asked to go.
+    auto *large = new QQmlComponent(&scene.engine());
+    large->setData("import QtQuick 2.15; Item {}", QUrl());
+    loader->setSourceComponent(large);
+    delete large;
+    QVERIFY(loader->item());
+    SignalLog log;
+    log.watch(loader, names({ "sourceComponentChanged", "itemChanged" }));
+    loader->setSourceComponent(nullptr);
+    loader->setSourceComponent(nullptr);
+    QVERIFY(!loader->item());
+    QCOMPARE(log.take(), names({ "sourceComponentChanged", "itemChanged" }));
+}
+
+// Its implicit size changes once more when the loader dies and it has no parent any more.
+void tst_Loader::itemThatFollowsItsParent()
+{
+    Scene scene(kLoader);
+    QVERIFY(scene.isValid());
+    auto *loader = scene.find<Loader>("loader");
+    const QPointer<QQuickItem> item = loader->item();
+    bool changed = false;
+    connect(item, &QQuickItem::parentChanged, item, [&] {
+        item->setImplicitWidth(77);
+        changed = true;
+    });
+    delete loader;
+    QVERIFY(changed && !item);
 }
 
 TAMBER_TEST_MAIN(tst_Loader)

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void fadingTakesNoFocus();
     void previousFocus_data();
     void previousFocus();
+    void heldKey();
 };
 
 namespace {
@@ -576,6 +577,28 @@ void tst_Dialog::previousFocus()
             QCOMPARE(focusItem, scene.find("before"));
     }
     QVERIFY(!PopupStack::top());
+}
+
+// The key that closes a dialog does nothing to the button that gets the focus back; the next one
+// does.
+void tst_Dialog::heldKey()
+{
+    Scene scene(QStringLiteral("UiPushButton { objectName: 'opener'; focus: true }\n"
+                               "UiDialog { objectName: 'dialog'\n"
+                               "buttons: [ UiDialogButton { role: UiDialogButton.OkRole } ] }"));
+    QVERIFY(scene.isValid());
+    auto *opener = scene.find("opener");
+    SignalLog log;
+    log.watch(opener, names({ "clicked", "pressedChanged" }));
+    scene.find<Dialog>("dialog")->show();
+    QTest::keyPress(scene.window(), Qt::Key_Return);
+    QVERIFY(!PopupStack::top() && opener->hasActiveFocus());
+    QKeyEvent repetition(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(scene.window(), &repetition);
+    QTest::keyRelease(scene.window(), Qt::Key_Return);
+    QCOMPARE(log.take(), QStringList());
+    QTest::keyClick(scene.window(), Qt::Key_Return);
+    QCOMPARE(log.take(), names({ "pressedChanged", "pressedChanged", "clicked" }));
 }
 
 TAMBER_TEST_MAIN(tst_Dialog)

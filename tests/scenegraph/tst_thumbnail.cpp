@@ -174,6 +174,10 @@ void tst_Thumbnail::disabled()
     QVERIFY(isAbout(board.pixel(QPointF(80, 50)), QColor(128, 128, 128)));
     thumbnail->setEnabled(true);
     QCOMPARE(board.pixel(QPointF(20, 50)), color);
+
+    // A child of something disabled becomes enabled once more in the middle of its destruction.
+    thumbnail->parentItem()->setEnabled(false);
+    delete thumbnail;
 }
 
 void tst_Thumbnail::nothingToShow_data()

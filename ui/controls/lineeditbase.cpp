@@ -164,7 +164,11 @@ LineEditBase::LineEditBase(QQuickItem *parent)
     updateCursorShape();
 }
 
-LineEditBase::~LineEditBase() = default;
+LineEditBase::~LineEditBase()
+{
+    // It becomes enabled once more after this when it leaves a parent that is disabled.
+    disconnect(this, &QQuickItem::enabledChanged, this, nullptr);
+}
 
 QQuickItem *LineEditBase::textInput() const
 {

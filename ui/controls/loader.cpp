@@ -40,6 +40,7 @@ public:
     QVariantMap properties;
     int changes = 0; // so many times the item was to be replaced
     bool creating = false;
+    bool hasSource = false; // stays when the component is destroyed
 };
 
 namespace {
@@ -65,7 +66,11 @@ private:
 
 Loader::Loader(QQuickItem *parent) : QQuickItem(parent), d(std::make_unique<LoaderPrivate>(this)) {}
 
-Loader::~Loader() = default;
+Loader::~Loader()
+{
+    if (d->item) // it loses its parent after this, which may change its implicit size
+        d->item->disconnect(this);
+}
 
 QQmlComponent *Loader::sourceComponent() const
 {
@@ -74,7 +79,9 @@ QQmlComponent *Loader::sourceComponent() const
 
 void Loader::setSourceComponent(QQmlComponent *component)
 {
-    if (!assign(d->sourceComponent, component))
+    // Null after a component that was destroyed is a change: its item has to go.
+    const bool knowsSource = !assign(d->hasSource, component != nullptr);
+    if (!assign(d->sourceComponent, component) && knowsSource)
         return;
     const QPointer<Loader> guard(this);
     Q_EMIT sourceComponentChanged();

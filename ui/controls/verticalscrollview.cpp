@@ -1,17 +1,11 @@
-#include "verticalscrollview.h"
+#include "verticalscrollview_p.h"
 
 #include "foundation/assign.h"
 #include "foundation/createobject.h"
 #include "foundation/logging.h"
-#include "foundation/positions.h"
-#include "foundation/sharedcomponent.h"
-#include "popups/ipopup.h"
-#include "popups/popupstack.h"
-#include "scrollposition_p.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QMetaMethod>
-#include <QtCore/QTimer>
 #include <QtCore/QtMath>
 #include <QtQml/QQmlContext>
 
@@ -25,9 +19,6 @@ namespace {
 constexpr int kAnimationInterval = 10; // ms
 constexpr int kAutoScrollInterval = 16; // ms
 constexpr int kSettlingTime = 100; // ms
-// Positions beyond either end of any content.
-constexpr double kTop = -2147483647.0;
-constexpr double kBottom = 4294967295.0;
 // How often the geometry may be updated before the application handles events again. Content whose
 // size follows from the size it is given may never come to rest.
 constexpr int kMostUpdates = 50;
@@ -50,74 +41,6 @@ void connectNotifier(QObject *object, const char *property, QObject *receiver, c
 }
 
 } // namespace
-
-class VerticalScrollViewPrivate
-{
-public:
-    // Where an animation of a flickable goes. A list knows its ends only roughly until it gets
-    // there, and so a target at an end moves with that end.
-    enum class Aim { Place, Top, Bottom };
-
-    explicit VerticalScrollViewPrivate(VerticalScrollView *q);
-
-    bool scrollsFlickable() const { return contentItem && isFlickable; }
-    double contentNumber(const char *property) const
-    {
-        return contentItem->property(property).toDouble();
-    }
-    double contentY() const { return contentNumber("contentY"); }
-    double originY() const { return scrollsFlickable() ? contentNumber("originY") : 0; }
-    double range() const;
-    bool isAnimating() const { return animationTimerId != 0; }
-
-    void connectContent();
-    void showPosition(double position);
-    void startAnimation(double from);
-    void stopAnimation();
-    void advanceAnimation();
-    void takeAim();
-    void aimAgain();
-
-    void scheduleGeometry();
-    void updateFlickable();
-    void updatePlainItem();
-    void setHeightRatio(double ratio);
-    void setContentWidth();
-
-    void drag(const QPointF &scenePosition);
-    bool mayAutoScroll() const;
-    void stopAutoScroll();
-
-    void setWindow(QQuickWindow *window);
-
-    void createScrollBar();
-
-    // Compiled when the first view of an engine is completed, gone with the last one.
-    static SharedComponent m_sharedScrollBar;
-
-    VerticalScrollView *const q;
-    QPointer<QQuickItem> contentItem;
-    QQuickItem *const viewport; // a child of the view
-    double scrollPosition = 0; // the target, and for plain content at rest what is shown
-    double heightRatio = 1;
-    ScrollBarRoom scrollBarRoom;
-    QTimer *const autoScrollTimer; // a child of the view
-    double autoScrollSpeed = 0; // 0 while the timer is stopped
-    bool isFlickable = false;
-    bool dragAutoScroll = true;
-    bool polishPending = false;
-    int animationTimerId = 0;
-    qint64 animationLastTick = 0;
-    double animatedPosition = 0;
-
-    Aim aim = Aim::Place;
-    qint64 arrival = 0; // when an animation first reached its target, 0 before
-    int geometryUpdates = 0; // since the application handled events
-    bool hasNarrowContent = false; // as beside a scroll bar
-    QPointer<QQuickItem> scrollBar;
-    ComponentReference scrollBarComponent;
-    QPointer<QQuickWindow> filteredWindow;
-};
 
 SharedComponent VerticalScrollViewPrivate::m_sharedScrollBar(
     "qrc:/ui/components/UiVerticalScrollBar.qml");
@@ -283,53 +206,6 @@ void VerticalScrollViewPrivate::updatePlainItem()
         setContentWidth();
     if (guard)
         q->setScrollPosition(scrollPosition, false);
-}
-
-// --- Scrolling while something is dragged -------------------------------------------------------
-
-bool VerticalScrollViewPrivate::mayAutoScroll() const
-{
-    if (!q->isVisible())
-        return false;
-    const auto *popup = qobject_cast<IPopup *>(PopupStack::top());
-    if (!popup || !popup->preventAutoScroll())
-        return true;
-    const QQuickItem *root = popup->rootItem();
-    return root && (root == q || root->isAncestorOf(q));
-}
-
-void VerticalScrollViewPrivate::drag(const QPointF &scenePosition)
-{
-    if (!dragAutoScroll)
-        return;
-    double speed = 0;
-    if (mayAutoScroll() && containsScenePosition(q, scenePosition))
-        speed = autoScrollSpeedAt(q->mapFromScene(scenePosition).y(), q->height(), autoScrollSpeed);
-    if (speed == 0) {
-        stopAutoScroll();
-        return;
-    }
-    autoScrollSpeed = speed;
-    if (!autoScrollTimer->isActive())
-        autoScrollTimer->start();
-}
-
-// The next time begins slowly again.
-void VerticalScrollViewPrivate::stopAutoScroll()
-{
-    autoScrollTimer->stop();
-    autoScrollSpeed = 0;
-}
-
-// The window's drags pass through the view.
-void VerticalScrollViewPrivate::setWindow(QQuickWindow *window)
-{
-    stopAutoScroll();
-    if (filteredWindow)
-        filteredWindow->removeEventFilter(q);
-    filteredWindow = window;
-    if (window)
-        window->installEventFilter(q);
 }
 
 // --- The scroll bar -----------------------------------------------------------------------------
@@ -517,20 +393,6 @@ void VerticalScrollView::setClipViewport(bool clip)
     d->viewport->setClip(clip);
 }
 
-bool VerticalScrollView::dragAutoScroll() const
-{
-    return d->dragAutoScroll;
-}
-
-void VerticalScrollView::setDragAutoScroll(bool enabled)
-{
-    if (!assign(d->dragAutoScroll, enabled))
-        return;
-    if (!enabled)
-        d->stopAutoScroll();
-    Q_EMIT dragAutoScrollChanged();
-}
-
 void VerticalScrollView::scrollTo(double position, bool immediate)
 {
     setNormalizedScrollPosition(position, immediate);
@@ -555,23 +417,6 @@ void VerticalScrollView::ensureVisible(QQuickItem *item)
     scrollTo(item, Contain, false);
 }
 
-// Installed on the window that the view is in; consumes nothing.
-bool VerticalScrollView::eventFilter(QObject *watched, QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::DragMove:
-        d->drag(static_cast<QDragMoveEvent *>(event)->posF());
-        break;
-    case QEvent::DragLeave:
-    case QEvent::Drop:
-        d->stopAutoScroll();
-        break;
-    default:
-        break;
-    }
-    return QQuickItem::eventFilter(watched, event);
-}
-
 void VerticalScrollView::timerEvent(QTimerEvent *event)
 {
     if (event->timerId() == d->animationTimerId)
@@ -592,42 +437,6 @@ void VerticalScrollView::componentComplete()
     d->viewport->setSize(size());
     d->createScrollBar();
     QQuickItem::componentComplete();
-}
-
-void VerticalScrollView::keyPressEvent(QKeyEvent *event)
-{
-    double target = 0;
-    switch (event->key()) {
-    case Qt::Key_Home:
-        target = kTop;
-        break;
-    case Qt::Key_End:
-        target = kBottom;
-        break;
-    case Qt::Key_PageUp:
-        target = scrollPosition() - height();
-        break;
-    case Qt::Key_PageDown:
-        target = scrollPosition() + height();
-        break;
-    default:
-        event->ignore();
-        return;
-    }
-    event->accept();
-    setScrollPosition(target);
-}
-
-// A turn that cannot scroll anything here is left to what lies around the view.
-void VerticalScrollView::wheelEvent(QWheelEvent *event)
-{
-    const int angle = event->angleDelta().y();
-    event->setAccepted(angle != 0 && d->heightRatio < 1);
-    if (!event->isAccepted())
-        return;
-    const bool isShown = d->scrollsFlickable() && !d->isAnimating();
-    const double base = isShown ? d->contentY() : d->scrollPosition;
-    setScrollPosition(base + wheelDistance(d->heightRatio, angle));
 }
 
 void VerticalScrollView::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
@@ -656,14 +465,6 @@ void VerticalScrollView::updatePolish()
 void VerticalScrollView::updateContentHeight()
 {
     d->scheduleGeometry();
-}
-
-void VerticalScrollView::autoScroll()
-{
-    const QPointer<VerticalScrollView> guard(this);
-    setScrollPosition(scrollPosition() + d->autoScrollSpeed);
-    if (guard)
-        d->autoScrollSpeed = acceleratedScrollSpeed(d->autoScrollSpeed);
 }
 
 } // namespace ta::ui

@@ -1,5 +1,6 @@
 #include "dialog_p.h"
 
+#include "heldkey_p.h"
 #include "popupstack.h"
 
 #include "foundation/assign.h"
@@ -357,10 +358,17 @@ void DialogPrivate::bequeathFocus(const QQuickItem *closing)
     }
 }
 
+// The key that closed the dialog is still down: released in the button that opened it, it would
+// open it again.
 void DialogPrivate::restoreFocus()
 {
-    if (QQuickItem *item = std::exchange(previousFocusItem, nullptr))
-        item->forceActiveFocus();
+    QQuickItem *item = std::exchange(previousFocusItem, nullptr);
+    const int key = std::exchange(heldKey, 0);
+    if (!item)
+        return;
+    if (key)
+        HeldKeyFilter::swallowRest(key);
+    item->forceActiveFocus();
 }
 
 // --- The public class ---------------------------------------------------------------------------

@@ -42,6 +42,7 @@ public:
     bool press(QObject *watched, const QPointF &screenPosition);
     bool key(QObject *watched, int key);
     bool tab(const char *signal);
+    void windowCloses();
     bool isOwnWindow(const QObject *watched) const { return watched && watched == window(); }
     bool isBlind(const QObject *watched) const;
     bool isOutside(const QObject *watched) const;
@@ -73,6 +74,7 @@ public:
     ObjectList<DialogButton> buttons;
     QPointer<DialogButton> defaultButton;
     QPointer<QQuickItem> previousFocusItem;
+    int heldKey = 0; // went down while the dialog was on top, and is not up yet
 
     int locks = 0; // while there are any show() does nothing
     bool onStack = false;

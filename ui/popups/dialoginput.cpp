@@ -38,37 +38,34 @@ bool Dialog::eventFilter(QObject *watched, QEvent *event)
 {
     if (QGuiApplication::modalWindow())
         return false;
-    // Closing may run a handler that destroys the receiver, which must not get the event then.
-    const QPointer<QObject> receiver(watched);
-    bool handled = false;
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        handled = d->press(watched, static_cast<QMouseEvent *>(event)->screenPos());
-        break;
+        return d->press(watched, static_cast<QMouseEvent *>(event)->screenPos());
     case QEvent::KeyPress:
-        handled = d->key(watched, static_cast<QKeyEvent *>(event)->key());
-        break;
+        d->heldKey = static_cast<QKeyEvent *>(event)->key();
+        return d->key(watched, d->heldKey);
+    case QEvent::KeyRelease:
+        d->heldKey = 0;
+        return false;
     case QEvent::Wheel:
-        handled = !d->isOwnWindow(watched) && !isInsidePopup(watched) && d->isOutside(watched);
-        break;
+        return !d->isOwnWindow(watched) && !isInsidePopup(watched) && d->isOutside(watched);
     case QEvent::HoverEnter:
-        handled = !isInsidePopup(watched) && d->isOutside(watched);
-        break;
+        return !isInsidePopup(watched) && d->isOutside(watched);
     case QEvent::Shortcut:
-        handled = d->isOutside(watched);
-        break;
+        return d->isOutside(watched);
     case QEvent::Resize:
-        if (d->autoSize)
+    case QEvent::Close: {
+        // A handler may destroy the receiver, which must not get the event then.
+        const QPointer<QObject> receiver(watched);
+        if (event->type() == QEvent::Close)
+            d->windowCloses();
+        else if (d->autoSize)
             d->updateDialogSize();
-        break;
-    case QEvent::Close:
-        if (d->host && d->flags.testFlag(RejectOnCloseEvent))
-            d->end(&DialogPrivate::discardImmediate, [this] { Q_EMIT rejected(); });
-        break;
+        return watched && !receiver;
+    }
     default:
         return false;
     }
-    return handled || (watched && !receiver);
 }
 
 bool DialogPrivate::press(QObject *watched, const QPointF &screenPosition)
@@ -100,6 +97,13 @@ bool DialogPrivate::key(QObject *watched, int key)
     default:
         return !isOwnWindow(watched) && isOutside(watched);
     }
+}
+
+// Any window of the application, that of the dialog included: nothing is to fade then.
+void DialogPrivate::windowCloses()
+{
+    if (host && flags.testFlag(Dialog::RejectOnCloseEvent))
+        end(&DialogPrivate::discardImmediate, [this] { Q_EMIT q->rejected(); });
 }
 
 // Moving the focus is the business of the box's QML, whose \a signal says where to.

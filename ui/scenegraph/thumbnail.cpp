@@ -90,8 +90,6 @@ Thumbnail::Thumbnail(QQuickItem *parent)
     setFlag(ItemHasContents);
     if (window()) // entered by the base, which told nobody yet
         d->devicePixelRatio = window()->effectiveDevicePixelRatio();
-    connect(this, &QQuickItem::enabledChanged, this,
-            [this] { d->markDirty(ThumbnailPrivate::DirtyEnabled); });
 }
 
 Thumbnail::~Thumbnail() = default;
@@ -144,6 +142,10 @@ void Thumbnail::itemChange(ItemChange change, const ItemChangeData &data)
             || d->isImageLost()) {
             d->loadTexture();
         }
+    } else if (change == ItemEnabledHasChanged) {
+        // Not by the signal: that comes in the middle of the destruction, too, when the item leaves
+        // a parent that is disabled.
+        d->markDirty(ThumbnailPrivate::DirtyEnabled);
     }
     QQuickItem::itemChange(change, data);
 }

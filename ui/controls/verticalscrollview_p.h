@@ -1,0 +1,81 @@
+#pragma once
+
+#include "foundation/sharedcomponent.h"
+#include "scrollposition_p.h"
+#include "verticalscrollview.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+#include <QtQuick/QQuickWindow>
+
+namespace ta::ui {
+
+class VerticalScrollViewPrivate
+{
+public:
+    // Where an animation of a flickable goes. A list knows its ends only roughly until it gets
+    // there, and so a target at an end moves with that end.
+    enum class Aim { Place, Top, Bottom };
+
+    explicit VerticalScrollViewPrivate(VerticalScrollView *q);
+
+    bool scrollsFlickable() const { return contentItem && isFlickable; }
+    double contentNumber(const char *property) const
+    {
+        return contentItem->property(property).toDouble();
+    }
+    double contentY() const { return contentNumber("contentY"); }
+    double originY() const { return scrollsFlickable() ? contentNumber("originY") : 0; }
+    double range() const;
+    bool isAnimating() const { return animationTimerId != 0; }
+
+    void connectContent();
+    void showPosition(double position);
+    void startAnimation(double from);
+    void stopAnimation();
+    void advanceAnimation();
+    void takeAim();
+    void aimAgain();
+
+    void scheduleGeometry();
+    void updateFlickable();
+    void updatePlainItem();
+    void setHeightRatio(double ratio);
+    void setContentWidth();
+
+    void drag(const QPointF &scenePosition);
+    bool mayAutoScroll() const;
+    void stopAutoScroll();
+
+    void setWindow(QQuickWindow *window);
+
+    void createScrollBar();
+
+    // Compiled when the first view of an engine is completed, gone with the last one.
+    static SharedComponent m_sharedScrollBar;
+
+    VerticalScrollView *const q;
+    QPointer<QQuickItem> contentItem;
+    QQuickItem *const viewport; // a child of the view
+    double scrollPosition = 0; // the target, and for plain content at rest what is shown
+    double heightRatio = 1;
+    ScrollBarRoom scrollBarRoom;
+    QTimer *const autoScrollTimer; // a child of the view
+    double autoScrollSpeed = 0; // 0 while the timer is stopped
+    bool isFlickable = false;
+    bool dragAutoScroll = true;
+    bool polishPending = false;
+    int animationTimerId = 0;
+    qint64 animationLastTick = 0;
+    double animatedPosition = 0;
+
+    Aim aim = Aim::Place;
+    qint64 arrival = 0; // when an animation first reached its target, 0 before
+    int geometryUpdates = 0; // since the application handled events
+    bool hasNarrowContent = false; // as beside a scroll bar
+    QPointer<QQuickItem> scrollBar;
+    ComponentReference scrollBarComponent;
+    QPointer<QQuickWindow> filteredWindow;
+};
+
+} // namespace ta::ui
