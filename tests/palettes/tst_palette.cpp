@@ -274,6 +274,8 @@ void tst_Palette::providers()
     Provider second([] { return nullptr; });
     QCOMPARE(Palette::providers(),
              before + QList<const PaletteProvider *>({ first.get(), &second }));
+    Palette::installProvider(first.get());
+    QCOMPARE(Palette::providers().count(first.get()), 2);
     first.reset();
     QCOMPARE(Palette::providers(), before + QList<const PaletteProvider *> { &second });
     EditablePalette a(1);

@@ -29,10 +29,26 @@ private Q_SLOTS:
     void patchesDestroyed();
     void partsGo();
     void withoutContext();
+    void handlersThatChange();
     void handlersThatDestroy();
 };
 
 namespace {
+
+// For signals that are known by their name only.
+class Destroyer : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Destroyer(QObject *victim) : m_victim(victim) {}
+
+public Q_SLOTS:
+    void destroy() { delete m_victim; }
+
+private:
+    QPointer<QObject> m_victim;
+};
 
 const QString kScene = QStringLiteral(
     "Rectangle { anchors.fill: parent }\n"
@@ -367,6 +383,32 @@ void tst_PaletteItem::withoutContext()
     QVERIFY(item.childItems().isEmpty());
 }
 
+// While the patches become those of one palette, a handler sets another one and destroys swatches
+// of the first: what counts is what is set last.
+void tst_PaletteItem::handlersThatChange()
+{
+    Scene scene(kScene);
+    QVERIFY(scene.isValid());
+    auto *item = scene.find<PaletteItem>("item");
+    EditablePalette palette;
+    palette.add(colorList({ "red", "lime", "blue" }));
+    QPointer<EditableSwatch> second = palette.add(colorList({ "black" }));
+    EditablePalette other;
+    other.add(colorList({ "white", "gray" }));
+    item->setPalette(&other);
+    connect(item, &QQuickItem::childrenChanged, this, [&] {
+        if (item->palette() == &palette) {
+            delete second;
+            item->setPalette(&other);
+        }
+    });
+    for (int i = 0; i < 2; ++i) {
+        item->setPalette(&palette);
+        QCOMPARE(colorsOf(item), names({ "#ffffff", "#808080" }));
+        QVERIFY(!second);
+    }
+}
+
 void tst_PaletteItem::handlersThatDestroy()
 {
     for (auto signal : { &PaletteItem::paletteChanged, &PaletteItem::colorPickerChanged }) {
@@ -380,6 +422,20 @@ void tst_PaletteItem::handlersThatDestroy()
         item->setPalette(&palette);
         if (item)
             item->setColorPicker(picker);
+        QVERIFY(!item);
+    }
+
+    // What follows the colours of the patches takes the item with it, in the middle of a rebuild.
+    {
+        Scene scene(kScene);
+        QVERIFY(scene.isValid());
+        QPointer<PaletteItem> item = scene.find<PaletteItem>("item");
+        EditablePalette palette;
+        auto *swatch = palette.add(colorList({ "red", "lime", "blue" }));
+        item->setPalette(&palette);
+        Destroyer destroyer(item);
+        connect(patches(item).at(1), SIGNAL(colorChanged()), &destroyer, SLOT(destroy()));
+        swatch->setColors(colorList({ "red", "black", "white" }));
         QVERIFY(!item);
     }
 

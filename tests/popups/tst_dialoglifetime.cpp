@@ -296,10 +296,17 @@ void tst_DialogLifetime::eventThatDestroysItsReceiver()
 
 void tst_DialogLifetime::previousFocusDestroyed()
 {
-    Scene scene(kDialog);
+    Scene scene(kDialog + QStringLiteral("UiDialog { objectName: 'above' }"));
     QVERIFY(scene.isValid());
     auto *dialog = scene.find<Dialog>("dialog");
+    auto *above = scene.find<Dialog>("above");
     dialog->show();
+    QVERIFY(scene.find("inside")->hasActiveFocus());
+    above->show();
+    delete scene.find("inside");
+    above->reject();
+    QVERIFY(box(dialog)->hasActiveFocus());
+
     const QPointer<QQuickItem> host = dialog->rootItem();
     delete scene.find("before");
     dialog->reject();

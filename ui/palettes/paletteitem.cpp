@@ -33,17 +33,22 @@ struct PatchInfo
 };
 
 // A patch that was made just now knows nothing. Looking a property up by its name takes longer than
-// all the rest, so another one is told only what is new to it.
-void tell(QObject *patch, const PatchState &state, const PatchState *known = nullptr)
+// all the rest, so another one is told only what is new to it. It may be gone afterwards.
+void tell(const QPointer<QObject> &patch, const PatchState &state,
+          const PatchState *known = nullptr)
 {
+    const auto set = [&](const char *name, const QVariant &value) {
+        if (patch)
+            patch->setProperty(name, value);
+    };
     if (!known || known->color != state.color)
-        patch->setProperty("color", state.color);
+        set("color", state.color);
     if (!known || known->colorPicker != state.colorPicker)
-        patch->setProperty("colorPicker", QVariant::fromValue<QQuickItem *>(state.colorPicker));
+        set("colorPicker", QVariant::fromValue<QQuickItem *>(state.colorPicker));
     if (!known || known->swatchIndex != state.swatchIndex)
-        patch->setProperty("swatchIndex", state.swatchIndex);
+        set("swatchIndex", state.swatchIndex);
     if (!known || known->colorIndex != state.colorIndex)
-        patch->setProperty("colorIndex", state.colorIndex);
+        set("colorIndex", state.colorIndex);
 }
 
 } // namespace
@@ -55,9 +60,11 @@ public:
 
     bool canShow() const;
     void follow(const QList<ColorSwatch *> &swatches);
+    void rebuild();
+    QVector<PatchInfo> wantedPatches(const QList<ColorSwatch *> &swatches) const;
     QVector<PatchInfo> takePatches();
     QQuickItem *createPatch(const PatchState &state);
-    void addPatch(QVector<PatchInfo> &spare, const PatchState &state);
+    bool addPatch(QVector<PatchInfo> &spare, const PatchState &state);
 
     PaletteItem *const q;
     QPointer<ColorPickerBase> colorPicker;
@@ -65,6 +72,8 @@ public:
     QQmlComponent *component = nullptr; // child of the item, created on first need
     QVector<PatchInfo> patches; // in display order; the items are owned by the item
     ObjectList<ColorSwatch> followed;
+    bool rebuilding = false;
+    bool outdated = false; // what is shown, or what a rebuild that goes on will show
 };
 
 bool PaletteItemPrivate::canShow() const
@@ -91,6 +100,22 @@ void PaletteItemPrivate::follow(const QList<ColorSwatch *> &swatches)
         QObject::connect(swatch, &ColorSwatch::colorsChanged, q, &PaletteItem::updatePatches);
 }
 
+// Without the items.
+QVector<PatchInfo> PaletteItemPrivate::wantedPatches(const QList<ColorSwatch *> &swatches) const
+{
+    QVector<PatchInfo> wanted;
+    for (int swatchIndex = 0; swatchIndex < swatches.count(); ++swatchIndex) {
+        const QList<QColor> colors = swatches.at(swatchIndex)->colors();
+        for (int colorIndex = 0; colorIndex < colors.count(); ++colorIndex) {
+            wanted.append({ nullptr,
+                            false,
+                            { colors.at(colorIndex), colorPicker, swatchIndex, colorIndex } });
+        }
+        wanted.append({ nullptr, true, {} });
+    }
+    return wanted;
+}
+
 // All the patches, to be used again. The last one comes first: taken from the end, each gets back
 // the place that it had, so a change moves no hover and no ring.
 QVector<PatchInfo> PaletteItemPrivate::takePatches()
@@ -108,32 +133,73 @@ QVector<PatchInfo> PaletteItemPrivate::takePatches()
 // need both.
 QQuickItem *PaletteItemPrivate::createPatch(const PatchState &state)
 {
-    QObject *object = createObject(
+    const QPointer<PaletteItem> guard(q);
+    std::unique_ptr<QObject> object(createObject(
         component,
         [&](QObject *created) {
             QQmlEngine::setObjectOwnership(created, QQmlEngine::CppOwnership);
-            created->setParent(q);
             if (auto *patch = qobject_cast<QQuickItem *>(created))
-                patch->setParentItem(q);
+                patch->setParentItem(guard);
             tell(created, state);
         },
-        qmlContext(q));
-    return qobject_cast<QQuickItem *>(object);
+        qmlContext(q)));
+    auto *patch = qobject_cast<QQuickItem *>(object.get());
+    if (!guard || !patch)
+        return nullptr;
+    patch->setParent(guard);
+    object.release();
+    return patch;
 }
 
-void PaletteItemPrivate::addPatch(QVector<PatchInfo> &spare, const PatchState &state)
+// Returns whether the item is still there.
+bool PaletteItemPrivate::addPatch(QVector<PatchInfo> &spare, const PatchState &state)
 {
+    const QPointer<PaletteItem> guard(q);
     PatchInfo patch;
     while (!patch.item && !spare.isEmpty())
         patch = spare.takeLast();
     if (patch.item)
-        tell(patch.item, state, &patch.state);
+        tell(patch.item.data(), state, &patch.state);
     else
         patch.item = createPatch(state);
-    if (!patch.item)
+    if (guard && patch.item) {
+        patch.state = state;
+        patches.append(patch);
+    }
+    return guard;
+}
+
+// The patches tell handlers what happens to them, and those may destroy swatches and the item.
+void PaletteItemPrivate::rebuild()
+{
+    const bool shows = canShow();
+    if (shows && !component) {
+        component = new QQmlComponent(qmlEngine(q),
+                                      QUrl(QStringLiteral("qrc:/ui/components/UiColorPatch.qml")),
+                                      q);
+    }
+    if (component && !component->isReady())
         return;
-    patch.state = state;
-    patches.append(patch);
+
+    const QPointer<PaletteItem> guard(q);
+    const QList<ColorSwatch *> swatches = palette ? palette->swatches() : QList<ColorSwatch *>();
+    follow(swatches);
+    const QVector<PatchInfo> wanted = shows ? wantedPatches(swatches) : QVector<PatchInfo>();
+    QVector<PatchInfo> spare = takePatches();
+    for (const PatchInfo &patch : wanted) {
+        if (patch.separator)
+            patches.append(patch);
+        else if (!addPatch(spare, patch.state))
+            return;
+    }
+    for (const PatchInfo &patch : qAsConst(spare)) {
+        if (!patch.item)
+            continue;
+        patch.item->deleteLater();
+        patch.item->setParentItem(nullptr);
+    }
+    if (guard)
+        q->polish();
 }
 
 PaletteItem::PaletteItem(QQuickItem *parent)
@@ -180,36 +246,20 @@ void PaletteItem::setColorPicker(ColorPickerBase *picker)
         updatePatches();
 }
 
+// A change in the middle of a rebuild makes another one follow it.
 void PaletteItem::updatePatches()
 {
-    const bool canShow = d->canShow();
-    if (canShow && !d->component) {
-        d->component = new QQmlComponent(qmlEngine(this),
-                                         QUrl(
-                                             QStringLiteral("qrc:/ui/components/UiColorPatch.qml")),
-                                         this);
-    }
-    if (d->component && !d->component->isReady())
+    d->outdated = true;
+    if (d->rebuilding)
         return;
-
-    QVector<PatchInfo> spare = d->takePatches();
-    const QList<ColorSwatch *> swatches = d->palette ? d->palette->swatches()
-                                                     : QList<ColorSwatch *>();
-    d->follow(swatches);
-    for (int swatchIndex = 0; canShow && swatchIndex < swatches.count(); ++swatchIndex) {
-        const QList<QColor> colors = swatches.at(swatchIndex)->colors();
-        for (int colorIndex = 0; colorIndex < colors.count(); ++colorIndex) {
-            d->addPatch(spare, { colors.at(colorIndex), d->colorPicker, swatchIndex, colorIndex });
-        }
-        d->patches.append({ nullptr, true, {} });
+    const QPointer<PaletteItem> guard(this);
+    d->rebuilding = true;
+    while (guard && d->outdated) {
+        d->outdated = false;
+        d->rebuild();
     }
-    for (const PatchInfo &patch : qAsConst(spare)) {
-        if (!patch.item)
-            continue;
-        patch.item->setParentItem(nullptr);
-        patch.item->deleteLater();
-    }
-    polish();
+    if (guard)
+        d->rebuilding = false;
 }
 
 void PaletteItem::updatePolish()

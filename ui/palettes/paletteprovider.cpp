@@ -9,9 +9,11 @@ PaletteProvider::PaletteProvider()
     Palette::installProvider(this);
 }
 
+// Somebody may have installed it once more.
 PaletteProvider::~PaletteProvider()
 {
-    Palette::uninstallProvider(this);
+    while (Palette::providers().contains(this))
+        Palette::uninstallProvider(this);
 }
 
 } // namespace ta::ui

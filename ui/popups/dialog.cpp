@@ -294,6 +294,11 @@ void DialogPrivate::close(const QQuickItem *closing)
     if (!guard || host) // shown again: it is on the stack and remembers the focus as before
         return;
     leaveStack();
+    // A dialog below must not be left without the focus: none of its keys would work.
+    const auto *top = qobject_cast<Dialog *>(PopupStack::top());
+    if (!previousFocusItem && top && top->d->window() == window() && top->d->contentScope
+        && !top->d->contentScope->hasActiveFocus())
+        previousFocusItem = top->d->contentScope;
     restoreFocus();
 }
 
@@ -358,14 +363,14 @@ void DialogPrivate::bequeathFocus(const QQuickItem *closing)
     }
 }
 
-// The key that closed the dialog is still down: released in the button that opened it, it would
-// open it again.
 void DialogPrivate::restoreFocus()
 {
     QQuickItem *item = std::exchange(previousFocusItem, nullptr);
     const int key = std::exchange(heldKey, 0);
     if (!item)
         return;
+    // The key that closed the dialog is still down: released in the button that opened it, it would
+    // open it again.
     if (key)
         HeldKeyFilter::swallowRest(key);
     item->forceActiveFocus();
