@@ -396,6 +396,7 @@ void tst_Dialog::returnKey_data()
                                           "UiDialogButton.ForwardAction")
                                 << names({ "nextPage" });
     QTest::newRow("disabled") << button("role: UiDialogButton.OkRole; enabled: false")
+                                     + QLatin1Char(',') + button("role: UiDialogButton.CloseRole")
                               << QStringList();
     QTest::newRow("hidden before")
         << button("role: UiDialogButton.BackRole; visible: false") + QLatin1Char(',') + ok

@@ -60,11 +60,13 @@ Rectangle {
         function triggerPrimaryAction() {
             for (let index = 0; index < dialog.buttons.length; ++index) {
                 const button = dialog.buttons[index]
-                // What nobody could click is passed over, as is a button that was destroyed.
-                if (!button || !button.enabled || !button.visible
+                // What nobody sees is passed over, as is a button that was destroyed.
+                if (!button || !button.visible
                         || button.effectiveStyle !== Ui.PrimaryPushButtonStyle)
                     continue
-                dialog.trigger(button)
+                // One that is disabled keeps its place: Return does not go on to close the dialog.
+                if (button.enabled)
+                    dialog.trigger(button)
                 return
             }
         }
