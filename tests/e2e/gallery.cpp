@@ -208,8 +208,18 @@ void Gallery::keyUp(const char *name)
     input({ QStringLiteral("keyup"), QString::fromLatin1(name) });
 }
 
-bool Gallery::endsWell()
+bool Gallery::closes()
 {
+    QProcess list;
+    list.start(QStringLiteral("wmctrl"), { QStringLiteral("-l"), QStringLiteral("-p") });
+    list.waitForFinished();
+    const QString windows = QString::fromUtf8(list.readAllStandardOutput());
+    for (const QString &line : windows.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        const QStringList columns = line.simplified().split(QLatin1Char(' '));
+        if (columns.value(2).toLongLong() == m_process.processId()) // window, desktop, process
+            QProcess::execute(QStringLiteral("wmctrl"),
+                              { QStringLiteral("-i"), QStringLiteral("-c"), columns.first() });
+    }
     return (m_process.state() == QProcess::NotRunning || m_process.waitForFinished(kPatience))
            && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
 }

@@ -66,8 +66,9 @@ public:
     static void keyDown(const char *name);
     static void keyUp(const char *name);
 
-    /// Whether the process ends by itself with the exit code 0.
-    bool endsWell();
+    /// Asks the window manager to close the window, as a task bar does; whether the process ends by
+    /// itself then, with the exit code 0.
+    bool closes();
 
 private:
     bool hasSaid(const QString &line);

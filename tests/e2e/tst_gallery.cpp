@@ -59,8 +59,7 @@ void tst_Gallery::popup()
     QVERIFY(gallery.says(QStringLiteral("popup open menuAnchor")));
     gallery.click(QStringLiteral("menuSecond"));
     QVERIFY(gallery.says(QStringLiteral("clicked menuSecond")));
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 void tst_Gallery::comboBox()
@@ -76,8 +75,7 @@ void tst_Gallery::comboBox()
     gallery.key("Down");
     gallery.key("Return");
     QVERIFY(gallery.says(QStringLiteral("popup closed sizeComboPopup")));
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 // From one end to the other, and further: the value stays at the end.
@@ -92,8 +90,7 @@ void tst_Gallery::slider()
     QVERIFY(gallery.says(QStringLiteral("value volumeSlider 100")));
     gallery.clickAt(QPoint(area.left() + 1, y), Gallery::Middle);
     QVERIFY(gallery.says(QStringLiteral("value volumeSlider 70")));
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 void tst_Gallery::navigation()
@@ -106,8 +103,7 @@ void tst_Gallery::navigation()
         gallery.click(QStringLiteral("nav-") + page);
         QVERIFY(gallery.says(QStringLiteral("ready ") + page));
     }
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 void tst_Gallery::resizing()
@@ -128,8 +124,7 @@ void tst_Gallery::resizing()
     QCOMPARE(gallery.count(QStringLiteral("popup closed persistentAnchor")), 0);
     gallery.resize(QSize(1100, 750), QStringLiteral("topRightButton"));
     QVERIFY(gallery.says(QStringLiteral("popup closed persistentAnchor")));
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 void tst_Gallery::closedWithOpenPopup()
@@ -138,8 +133,7 @@ void tst_Gallery::closedWithOpenPopup()
     QVERIFY(gallery.says(QStringLiteral("ready popups")));
     gallery.click(QStringLiteral("openMenuButton"));
     QVERIFY(gallery.says(QStringLiteral("popup open menuAnchor")));
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 TAMBER_TEST_MAIN(tst_Gallery)

@@ -43,8 +43,7 @@ void tst_GalleryText::lineEdit()
     gallery.type("tin drum");
     gallery.key("Return");
     QVERIFY(gallery.says(QStringLiteral("text capitalsEdit TIN DRUM")));
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 void tst_GalleryText::spinBox()
@@ -68,8 +67,7 @@ void tst_GalleryText::spinBox()
     gallery.type("1.25");
     gallery.key("Return");
     QVERIFY(gallery.says(QStringLiteral("text gainSpinField 1.3")));
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 void tst_GalleryText::dateField()
@@ -82,8 +80,7 @@ void tst_GalleryText::dateField()
     gallery.click(QStringLiteral("departureFieldCalendarDay10"));
     QVERIFY(gallery.says(QStringLiteral("popup closed departureFieldPopup")));
     QVERIFY(gallery.focuses("departureField"));
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 TAMBER_TEST_MAIN(tst_GalleryText)

@@ -35,8 +35,7 @@ void tst_GalleryTooltips::tooltips()
     const QPoint last = gallery.place(QStringLiteral("bottomTip"));
     gallery.move(QStringLiteral("bottomTip"));
     QCOMPARE(gallery.area(tip).bottom() + 1, last.y() - 2);
-    gallery.key("alt+F4");
-    QVERIFY(gallery.endsWell());
+    QVERIFY(gallery.closes());
 }
 
 TAMBER_TEST_MAIN(tst_GalleryTooltips)
