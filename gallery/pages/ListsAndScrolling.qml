@@ -84,10 +84,18 @@ Page {
                     section.criteria: ViewSection.FirstCharacter
                     section.property: "modelData"
 
-                    delegate: ListRow {
+                    delegate: UiListDelegate {
                         width: clipList.width
-                        note: Number(index + 1).toLocaleString(Qt.locale("en"), "f", 0)
                         text: modelData
+
+                        UiText {
+                            anchors.right: parent.right
+                            anchors.rightMargin: 16
+                            height: parent.height
+                            color: UiColors.getColor(UiColors.MediumGrey45)
+                            font: UiFonts.getFont(UiFonts.Regular, 12)
+                            text: Number(index + 1).toLocaleString(Qt.locale("en"), "f", 0)
+                        }
                     }
 
                     section.delegate: Rectangle {
@@ -96,7 +104,7 @@ Page {
                         color: UiColors.getColor(UiColors.HeaderGrey4)
 
                         UiText {
-                            x: 16
+                            x: 12
                             height: parent.height
                             font: UiFonts.getFont(UiFonts.SemiBold, 14)
                             text: section
@@ -150,9 +158,10 @@ Page {
 
                         model: 60
 
-                        ListRow {
-                            marked: index === 29
-                            objectName: marked ? "targetRow" : ""
+                        UiListDelegate {
+                            width: parent.width
+                            active: index === 29
+                            objectName: active ? "targetRow" : ""
                             text: qsTr("Row %1").arg(index + 1)
                         }
                     }

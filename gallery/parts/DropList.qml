@@ -1,4 +1,5 @@
-// Rows to drop something on, in a scroll view.
+// Rows to drop a parcel on, in a scroll view. A row's zone is called as the list, followed by the
+// row's number.
 //
 // count: how many.
 // dropped(row): something was let go over that row.
@@ -16,16 +17,22 @@ ScrollBox {
         Repeater {
             model: root.count
 
-            ListRow {
-                marked: area.containsDrag
+            UiListDelegate {
+                width: parent.width
+                active: zone.containsDrag
                 text: qsTr("Shelf %1").arg(index + 1)
 
-                DropArea {
-                    id: area
+                UiDropZone {
+                    id: zone
 
                     anchors.fill: parent
+                    objectName: root.objectName + (index + 1)
 
-                    onDropped: root.dropped(index + 1)
+                    onDrop: root.dropped(index + 1)
+
+                    UiMimeDropHandler {
+                        acceptedMimeTypes: ["application/x-tamberui-parcel"]
+                    }
                 }
             }
         }

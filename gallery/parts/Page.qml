@@ -19,14 +19,13 @@ FocusScope {
     readonly property int contentWidth: Math.min(width - 80, 1040)
 
     function reveal(item) {
-        const top = item.mapToItem(flickable.contentItem, 0, 0).y
-        const bottom = top + item.height
         const margin = 24
-        if (top - margin < flickable.contentY)
-            flickable.contentY = Math.max(0, top - margin)
-        else if (bottom + margin > flickable.contentY + flickable.height)
-            flickable.contentY = Math.min(flickable.contentHeight - flickable.height,
-                                          bottom + margin - flickable.height)
+        const top = item.mapToItem(sheet, 0, 0).y - margin
+        const bottom = top + item.height + 2 * margin
+        if (top < view.scrollPosition)
+            view.scrollPosition = top
+        else if (bottom > view.scrollPosition + view.height)
+            view.scrollPosition = bottom - view.height
     }
 
     Connections {
@@ -35,7 +34,7 @@ FocusScope {
             if (root.Window.activeFocusItem && root.Window.activeFocusItem.pressed)
                 return
             for (let item = root.Window.activeFocusItem; item; item = item.parent) {
-                if (item === flickable.contentItem) {
+                if (item === sheet) {
                     root.reveal(root.Window.activeFocusItem)
                     return
                 }
@@ -45,59 +44,57 @@ FocusScope {
         target: root.Window.window
     }
 
-    Flickable {
-        id: flickable
+    ScrollGround {
+        view: view
+    }
+
+    UiVerticalScrollView {
+        id: view
 
         anchors.top: parent.top
         anchors.bottom: footerArea.top
         width: parent.width
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        contentHeight: body.height + 64
+        scrollbarOffset: 2
+        scrollbarOverlapsContent: true
 
-        Column {
-            id: body
+        Item {
+            id: sheet
 
-            x: 40
-            y: 32
-            width: root.contentWidth
-            spacing: 24
+            implicitHeight: body.height + 64
 
             Column {
-                width: parent.width
-                spacing: 8
+                id: body
 
-                UiText {
-                    font: UiFonts.getFont(UiFonts.Light, 28)
-                    text: root.title
-                }
+                x: 40
+                y: 32
+                width: root.contentWidth
+                spacing: 24
 
-                UiText {
+                Column {
                     width: parent.width
-                    color: UiColors.getColor(UiColors.MediumGrey45)
-                    text: root.summary
-                    wrapMode: Text.Wrap
+                    spacing: 8
+
+                    UiText {
+                        font: UiFonts.getFont(UiFonts.Light, 28)
+                        text: root.title
+                    }
+
+                    UiText {
+                        width: parent.width
+                        color: UiColors.getColor(UiColors.MediumGrey45)
+                        text: root.summary
+                        wrapMode: Text.Wrap
+                    }
                 }
-            }
 
-            Column {
-                id: cards
+                Column {
+                    id: cards
 
-                width: parent.width
-                spacing: 16
+                    width: parent.width
+                    spacing: 16
+                }
             }
         }
-    }
-
-    Rectangle {
-        anchors.right: parent.right
-        anchors.rightMargin: 4
-        y: flickable.y + Math.round(flickable.visibleArea.yPosition * flickable.height)
-        width: 4
-        height: Math.round(flickable.visibleArea.heightRatio * flickable.height)
-        color: UiColors.getColor(UiColors.ControlGrey20)
-        radius: 2
-        visible: flickable.visibleArea.heightRatio < 1
     }
 
     Item {

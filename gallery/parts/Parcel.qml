@@ -1,46 +1,37 @@
-// A thing to drag with the mouse, as data that other windows understand, too.
+// A thing to drag, for a DropList.
 import QtQuick 2.15
 import tamber.Ui 1.0
 
-Rectangle {
+UiDragZone {
     id: root
 
     property string text: ""
 
-    width: label.implicitWidth + 32
+    width: look.width
     height: 32
-    color: UiColors.getColor(area.pressed ? UiColors.ButtonPressBlue
-                            : area.containsMouse ? UiColors.ButtonHoverBlue
-                            : UiColors.ButtonNormalBlue)
-    radius: 16
 
-    Drag.active: area.drag.active
-    Drag.dragType: Drag.Automatic
-    Drag.mimeData: ({ "text/plain": text })
-    Drag.supportedActions: Qt.CopyAction
-
-    UiText {
-        id: label
-
-        anchors.centerIn: parent
-        color: UiColors.getColor(UiColors.White)
+    dragDelegate: ParcelLook {
         text: root.text
+
+        UiDragZone.hotspot: Qt.point(16, 16)
+    }
+    mimeData: UiJsonMimeData {
+        mimeType: "application/x-tamberui-parcel"
+        value: ({ text: root.text })
     }
 
-    MouseArea {
-        id: area
+    ParcelLook {
+        id: look
 
-        anchors.fill: parent
-        cursorShape: Qt.OpenHandCursor
-        drag.target: handle
-        hoverEnabled: true
-        preventStealing: true
+        highlighted: area.containsMouse
+        text: root.text
 
-        onPressed: root.grabToImage(result => root.Drag.imageSource = result.url)
-    }
+        MouseArea {
+            id: area
 
-    // What follows the mouse is the platform's picture; the parcel itself stays.
-    Item {
-        id: handle
+            anchors.fill: parent
+            cursorShape: Qt.OpenHandCursor
+            hoverEnabled: true
+        }
     }
 }

@@ -18,15 +18,8 @@ Rectangle {
     color: UiColors.getColor(UiColors.White)
     radius: 3
 
-    // The ground of the bar, whose own colours are light.
-    Rectangle {
-        anchors.right: parent.right
-        anchors.rightMargin: 1
-        y: 1
-        width: 16
-        height: parent.height - 2
-        color: UiColors.getColor(UiColors.DisabledLightGrey13, 0.5)
-        visible: scrollView.heightRatio < 1
+    ScrollGround {
+        view: scrollView
     }
 
     UiVerticalScrollView {

@@ -44,6 +44,8 @@ Rectangle {
         }
     }
 
+    // Not in a scroll view: its bar would take room from the texts, and its animations would run
+    // behind the keys, which bring their row into view at once.
     ListView {
         id: view
 

@@ -1,4 +1,6 @@
+#include "support/dragover.h"
 #include "support/scene.h"
+#include "support/signallog.h"
 #include "support/testcase.h"
 
 #include <TamberUi/PopupAnchor>
@@ -6,10 +8,10 @@
 #include <TamberUi/VerticalScrollView>
 
 #include <QtCore/QLibraryInfo>
-#include <QtCore/QMimeData>
 #include <QtCore/QTimer>
-#include <QtGui/QDropEvent>
 #include <QtQml/QQmlComponent>
+
+#include <utility>
 
 using namespace ta::ui;
 using namespace ta::test;
@@ -23,8 +25,7 @@ class tst_VerticalScrollViewDrag : public TestCase
 
 private Q_SLOTS:
     void withoutBar(); // first: the kit must not be known yet
-    void acceleratesAndStops();
-    void ends_data();
+    void accelerates();
     void ends();
     void popups();
     void windows();
@@ -39,12 +40,10 @@ const char kView[] =
     "UiVerticalScrollView { objectName: 'view'; x: 100; y: 100; width: 300; height: 400\n"
     "Item { objectName: 'content'; implicitHeight: 100000 } }\n";
 
-void dragOver(QWindow *window, const QPoint &position)
-{
-    const QMimeData data;
-    QDragMoveEvent event(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &event);
-}
+const QPoint kNearTop(200, 110);
+const QPoint kNearBottom(200, 450);
+const QPoint kBetween(200, 300);
+const QPoint kBeside(600, 450);
 
 bool scrollsByItself(const View *view)
 {
@@ -73,74 +72,73 @@ void tst_VerticalScrollViewDrag::withoutBar()
     Scene::useKit();
 }
 
-void tst_VerticalScrollViewDrag::acceleratesAndStops()
+// Of what is shown at each tick. What was reached is kept while a drag goes on, wherever it goes,
+// and gone with it.
+void tst_VerticalScrollViewDrag::accelerates()
 {
     Scene scene(QString::fromLatin1(kView));
     QVERIFY(scene.isValid());
     auto *view = scene.find<View>("view");
-    QVERIFY(!scrollsByItself(view));
-    dragOver(scene.window(), QPoint(200, 450));
-    QVERIFY(scrollsByItself(view));
-    QVector<double> targets = { 0 };
-    double target = 0; // of the animation: the shown position and the speed
-    double speed = 8;
-    connect(view->findChild<QTimer *>(), &QTimer::timeout, view, [&] {
-        target = view->scrollPosition();
-        speed = qMin(speed * 1.1, 200.0);
-    });
-    QTRY_VERIFY(speed == 200.0);
-    dragOver(scene.window(), QPoint(210, 460)); // keeps the speed
+    view->setScrollPosition(1000, true);
+    DragOver drag(scene.window());
+    const struct
+    {
+        bool isNew;
+        QPoint position;
+        int ticks;
+        double distance; // of the last one
+    } steps[] = {
+        { true, kNearBottom, 1, 8 },    { false, kNearBottom, 1, 8.8 },
+        { false, kNearTop, 3, -9.68 },  { false, kNearTop, 50, -200 },
+        { false, kNearTop, 1, -200 },   { true, kNearTop, 1, -8 },
+        { false, kNearBottom, 2, 8.8 },
+    };
+    for (const auto &step : steps) {
+        if (step.isNew)
+            drag.enter(kBetween);
+        drag.move(step.position);
+        QVERIFY(scrollsByItself(view));
+        const double before = view->scrollPosition();
+        for (int tick = 0; tick < step.ticks; ++tick) // before the timer does it
+            QVERIFY(QMetaObject::invokeMethod(view, "autoScroll"));
+        drag.move(kBetween);
+        QVERIFY(!scrollsByItself(view));
+        QTRY_VERIFY(qFuzzyCompare(view->scrollPosition() - before, step.distance));
+    }
+    drag.move(kNearBottom);
     const double before = view->scrollPosition();
-    QTRY_VERIFY(target > before + 200);
-    dragOver(scene.window(), QPoint(200, 300));
-    QVERIFY(!scrollsByItself(view));
-
-    // Afterwards it begins slowly again, here upwards.
-    view->setScrollPosition(5000, true);
-    dragOver(scene.window(), QPoint(200, 110));
-    QTRY_VERIFY(view->scrollPosition() < 5000);
-    QVERIFY(view->scrollPosition() > 4500);
-    dragOver(scene.window(), QPoint(200, 90));
-    QVERIFY(!scrollsByItself(view));
-}
-
-void tst_VerticalScrollViewDrag::ends_data()
-{
-    QTest::addColumn<QString>("way");
-    for (const char *way :
-         { "leave", "drop", "elsewhere", "forbidden", "hidden", "gone", "window" })
-        QTest::newRow(way) << QString::fromLatin1(way);
+    QTRY_VERIFY(view->scrollPosition() > before + 500);
 }
 
 void tst_VerticalScrollViewDrag::ends()
 {
-    QFETCH(QString, way);
-    Scene scene(QString::fromLatin1(kView));
-    QVERIFY(scene.isValid());
-    auto *view = scene.find<View>("view");
-    dragOver(scene.window(), QPoint(200, 450));
-    QVERIFY(scrollsByItself(view));
-    const std::unique_ptr<QQuickItem> keep(view); // it outlives the window
-    view->setParent(nullptr);
-    const QMimeData data;
-    QDragLeaveEvent leave;
-    QDropEvent drop(QPoint(200, 450), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    if (way == QLatin1String("leave"))
-        QCoreApplication::sendEvent(scene.window(), &leave);
-    else if (way == QLatin1String("drop"))
-        QCoreApplication::sendEvent(scene.window(), &drop);
-    else if (way == QLatin1String("forbidden"))
-        view->setDragAutoScroll(false);
-    else if (way == QLatin1String("gone"))
-        view->setParentItem(nullptr);
-    else if (way == QLatin1String("window"))
-        scene.destroyWindow();
-    else if (way == QLatin1String("hidden"))
-        view->setVisible(false);
-    if (scene.window() && way != QLatin1String("leave") && way != QLatin1String("drop"))
-        dragOver(scene.window(),
-                 way == QLatin1String("elsewhere") ? QPoint(600, 450) : QPoint(200, 451));
-    QVERIFY(!scrollsByItself(view));
+    for (const char *way :
+         { "leave", "drop", "elsewhere", "forbidden", "hidden", "gone", "window" }) {
+        Scene scene(QString::fromLatin1(kView));
+        QVERIFY(scene.isValid());
+        auto *view = scene.find<View>("view");
+        DragOver drag(scene.window());
+        drag.move(kNearBottom);
+        QVERIFY(scrollsByItself(view));
+        const std::unique_ptr<QQuickItem> keep(view); // it outlives the window
+        view->setParent(nullptr);
+        const QByteArray kind = way;
+        if (kind == "leave")
+            drag.leave();
+        else if (kind == "drop")
+            drag.drop(kNearBottom);
+        else if (kind == "forbidden")
+            view->setDragAutoScroll(false);
+        else if (kind == "gone")
+            view->setParentItem(nullptr);
+        else if (kind == "window")
+            scene.destroyWindow();
+        else if (kind == "hidden")
+            view->setVisible(false);
+        if (scene.window() && kind != "leave" && kind != "drop")
+            drag.move(kind == "elsewhere" ? kBeside : kNearBottom);
+        QVERIFY2(!scrollsByItself(view), way);
+    }
 }
 
 // A popup speaks for what is behind it, not for what is in it.
@@ -154,23 +152,23 @@ void tst_VerticalScrollViewDrag::popups()
     QVERIFY(scene.isValid());
     auto *view = scene.find<View>("view");
     auto *anchor = scene.find<PopupAnchor>("anchor");
-    dragOver(scene.window(), QPoint(200, 450));
-    QVERIFY(scrollsByItself(view));
+    DragOver drag(scene.window());
+    drag.move(kNearBottom);
     anchor->show();
     auto *inner = scene.find<View>("inner");
     QVERIFY(inner);
-    dragOver(scene.window(), QPoint(200, 450));
+    drag.move(kNearBottom);
     QVERIFY(!scrollsByItself(view));
-    dragOver(scene.window(), QPoint(500, 450));
+    drag.move(kNearBottom + QPoint(300, 0));
     QVERIFY(scrollsByItself(inner));
     anchor->setPreventAutoScroll(false);
-    dragOver(scene.window(), QPoint(200, 450));
+    drag.move(kNearBottom);
     QVERIFY(scrollsByItself(view) && !scrollsByItself(inner));
     anchor->hide();
 
     QObject noPopup;
     PopupStack::push(&noPopup);
-    dragOver(scene.window(), QPoint(200, 451));
+    drag.move(kNearBottom);
     QVERIFY(scrollsByItself(view));
     PopupStack::pop(&noPopup);
 }
@@ -186,9 +184,9 @@ void tst_VerticalScrollViewDrag::windows()
     for (Scene *scene : { &first, &second, &first }) {
         Scene &other = scene == &first ? second : first;
         view.setParentItem(scene->root());
-        dragOver(other.window(), QPoint(100, 10));
+        DragOver(other.window()).move(QPoint(100, 10));
         QVERIFY(!scrollsByItself(&view));
-        dragOver(scene->window(), QPoint(100, 10));
+        DragOver(scene->window()).move(QPoint(100, 10));
         QVERIFY(scrollsByItself(&view));
     }
 }
@@ -196,7 +194,7 @@ void tst_VerticalScrollViewDrag::windows()
 void tst_VerticalScrollViewDrag::handlersThatDestroy_data()
 {
     QTest::addColumn<QString>("content");
-    QTest::addColumn<QByteArray>("signal");
+    QTest::addColumn<QString>("signal");
     QTest::addColumn<QString>("victim");
     const char *const plain = "Item { objectName: 'content'; implicitHeight: 1000 }";
     // A real Flickable does not live through being destroyed in its own signals.
@@ -204,26 +202,18 @@ void tst_VerticalScrollViewDrag::handlersThatDestroy_data()
         "Item { objectName: 'content'; property real contentY; property real contentHeight: 1000\n"
         "property bool interactive: true\n"
         "property QtObject visibleArea: QtObject { property real heightRatio: 0.4 } }";
-    const struct
-    {
-        const char *content;
-        QByteArrayList signalNames;
-    } rows[] = {
-        { plain, { "widthChanged()", "yChanged()" } },
+    const QVector<std::pair<const char *, QStringList>> rows = {
+        { plain, names({ "widthChanged", "yChanged", "contentItemChanged", "heightRatioChanged",
+                         "scrollPositionChanged" }) },
         { flickable,
-          { "heightChanged()", "widthChanged()", "contentYChanged()", "interactiveChanged()" } },
-        { nullptr, { "contentItemChanged()", "heightRatioChanged()", "scrollPositionChanged()" } },
+          names({ "heightChanged", "widthChanged", "contentYChanged", "interactiveChanged" }) },
     };
     for (const auto &row : rows) {
-        for (const QByteArray &signal : row.signalNames) {
-            for (const char *victim : { "view", "content", "bar", "other" }) {
-                QTest::addRow("%s in %s of %s", victim, signal.constData(),
-                              row.content == plain       ? "plain"
-                              : row.content == flickable ? "flickable"
-                                                         : "view")
-                    << QString::fromLatin1(row.content ? row.content : plain) << signal
-                    << QString::fromLatin1(victim);
-            }
+        for (const QString &signal : row.second) {
+            for (const char *victim : { "view", "content", "bar", "other" })
+                QTest::addRow("%s in %s of %s", victim, qPrintable(signal),
+                              row.first == plain ? "plain" : "flickable")
+                    << QString::fromLatin1(row.first) << signal << QString::fromLatin1(victim);
         }
     }
 }
@@ -232,7 +222,7 @@ void tst_VerticalScrollViewDrag::handlersThatDestroy_data()
 void tst_VerticalScrollViewDrag::handlersThatDestroy()
 {
     QFETCH(QString, content);
-    QFETCH(QByteArray, signal);
+    QFETCH(QString, signal);
     QFETCH(QString, victim);
     Scene scene(content + QString::fromLatin1(kView)
                 + QStringLiteral("Item { objectName: 'other'; implicitHeight: 700 }"));
@@ -241,9 +231,11 @@ void tst_VerticalScrollViewDrag::handlersThatDestroy()
     const QPointer<QQuickItem> item = scene.root()->childItems().constFirst();
     delete view->contentItem();
     bool done = false;
-    const auto destroy = [&] {
-        if (std::exchange(done, true))
-            return;
+    const QByteArray signature = signal.toLatin1() + "()";
+    const bool isOfView = view->metaObject()->indexOfSignal(signature)
+                          >= View::staticMetaObject.methodOffset();
+    const auto meddle = [&] {
+        done = true;
         if (victim == QLatin1String("view"))
             delete view;
         else if (victim == QLatin1String("content"))
@@ -253,15 +245,7 @@ void tst_VerticalScrollViewDrag::handlersThatDestroy()
         else
             view->setContentItem(scene.find("other"));
     };
-    QTimer relay; // calls the function when a signal that is only known by its name is emitted
-    relay.callOnTimeout(destroy);
-    QObject *sender = item;
-    if (view->metaObject()->indexOfSignal(signal)
-        >= VerticalScrollView::staticMetaObject.methodOffset())
-        sender = view;
-    const int index = sender->metaObject()->indexOfSignal(signal);
-    QVERIFY(index >= 0);
-    QMetaObject::connect(sender, index, &relay, relay.metaObject()->indexOfSignal("timeout()"));
+    on(isOfView ? static_cast<QObject *>(view) : item, signal, meddle, 1);
 
     view->setContentItem(item);
     QVERIFY(scene.waitForFrame());

@@ -3,6 +3,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
 
+#include <functional>
 #include <initializer_list>
 
 namespace ta::test {
@@ -35,6 +36,10 @@ private:
     QStringList m_watched;
     QStringList m_entries;
 };
+
+/// Calls \a what when \a sender emits the signal called \a signal: the \a time th time, where 0
+/// stands for every time.
+void on(QObject *sender, const QString &signal, const std::function<void()> &what, int time = 0);
 
 /// The names of signals as a list that a log's entries compare with.
 QStringList names(std::initializer_list<const char *> list);

@@ -33,13 +33,21 @@ MouseArea {
         }
     }
 
+    // Of the way between the ends: scrollTo() counts from 0, where a list with a header does not begin.
+    function scrollTo(part, immediate) {
+        var content = scrollView.contentItem
+        var origin = content && content.originY || 0
+        var range = origin && content.contentHeight - scrollView.height
+        scrollView.scrollTo(range > 0 ? part + origin / range : part, immediate)
+    }
+
     // The bounds keep the point of the handle that was grabbed under the pointer.
     onPressed: {
         var position = mapToItem(handle, mouse.x, mouse.y)
         var grabbed = position.y / handle.height
         if (!handle.contains(Qt.point(position.x, position.y))) {
             grabbed = mouse.y / Math.max(1.0, height)
-            scrollView.scrollTo(grabbed)
+            scrollTo(grabbed, false)
         }
         handle.lowerBound = handle.height * grabbed
         handle.upperBound = height - handle.height * (1 - grabbed)
@@ -47,7 +55,7 @@ MouseArea {
 
     onPositionChanged: {
         var position = (mouse.y - handle.lowerBound) / (handle.upperBound - handle.lowerBound)
-        scrollView.scrollTo(position, true)
+        scrollTo(position, true)
     }
 
     Rectangle {

@@ -18,11 +18,11 @@ namespace {
 
 constexpr int kAnimationInterval = 10; // ms
 constexpr int kAutoScrollInterval = 16; // ms
-constexpr int kSettlingTime = 100; // ms
 // How often the geometry may be updated before the application handles events again. Content whose
 // size follows from the size it is given may never come to rest.
 constexpr int kMostUpdates = 50;
 constexpr int kUpdatesToSettle = 5;
+constexpr int kMostCorrections = 5;
 
 bool hasProperty(const QObject *object, const char *name)
 {
@@ -94,7 +94,6 @@ void VerticalScrollViewPrivate::startAnimation(double from)
 {
     animationLastTick = QDateTime::currentMSecsSinceEpoch();
     animatedPosition = from;
-    arrival = 0;
     animationTimerId = q->startTimer(kAnimationInterval, Qt::CoarseTimer);
 }
 
@@ -104,53 +103,50 @@ void VerticalScrollViewPrivate::stopAnimation()
         q->killTimer(std::exchange(animationTimerId, 0));
 }
 
-void VerticalScrollViewPrivate::takeAim()
-{
-    const double origin = originY();
-    if (scrollPosition <= origin)
-        aim = Aim::Top;
-    else
-        aim = scrollPosition >= origin + range() ? Aim::Bottom : Aim::Place;
-}
-
-void VerticalScrollViewPrivate::aimAgain()
-{
-    const double origin = originY();
-    double target = scrollPosition;
-    if (aim == Aim::Top)
-        target = origin;
-    else if (aim == Aim::Bottom)
-        target = origin + range();
-    target = boundedScrollPosition(target, origin, range());
-    if (qIsFinite(target))
-        scrollPosition = target;
-}
-
 // The state is settled before anything is shown: a handler reads it, and may ask for more.
 void VerticalScrollViewPrivate::advanceAnimation()
 {
-    // At the end of a flickable the animation waits for what the rows that have come into view mean
-    // for that end, unless somebody else moves on meanwhile.
-    if (!contentItem || (arrival != 0 && contentY() != scrollPosition)) {
+    if (!contentItem) {
         stopAnimation();
         return;
     }
-    if (isFlickable)
-        aimAgain();
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
     const ScrollStep step = scrollStep(animatedPosition, scrollPosition, now - animationLastTick);
     animationLastTick = now;
     animatedPosition = step.position;
     if (!step.isLast) {
-        arrival = 0;
         showPosition(isFlickable ? std::floor(animatedPosition) : std::ceil(animatedPosition));
         return;
     }
-    if (arrival == 0)
-        arrival = now;
-    if (!isFlickable || aim == Aim::Place || qAbs(now - arrival) >= kSettlingTime)
-        stopAnimation();
+    stopAnimation();
+    if (isFlickable && corrections > 0)
+        scheduleGeometry();
     showPosition(scrollPosition);
+}
+
+// A list knows where it begins and ends only roughly until the rows there have been made. What was
+// asked for beyond an end (as Home and End do) is bounded again when the list says that it has
+// another size, and in a few frames after the arrival, unless somebody else moves on meanwhile:
+// otherwise End would stop above the last row, or below it.
+void VerticalScrollViewPrivate::boundTargetAgain()
+{
+    const bool rests = !isAnimating();
+    if (!contentItem || (rests && corrections == 0))
+        return;
+    if (rests && contentY() != scrollPosition) {
+        corrections = 0;
+        return;
+    }
+    const double target = boundedScrollPosition(requestedPosition, originY(), range());
+    if (qIsFinite(target))
+        scrollPosition = target;
+    if (!rests)
+        return;
+    --corrections;
+    if (scrollPosition != contentY())
+        startAnimation(contentY());
+    else if (corrections > 0)
+        scheduleGeometry();
 }
 
 // --- Geometry -----------------------------------------------------------------------------------
@@ -192,6 +188,8 @@ void VerticalScrollViewPrivate::updateFlickable()
     setHeightRatio(ratio);
     if (guard)
         setContentWidth();
+    if (guard)
+        boundTargetAgain();
 }
 
 void VerticalScrollViewPrivate::updatePlainItem()
@@ -270,6 +268,7 @@ void VerticalScrollView::setContentItem(QObject *object)
     if (d->contentItem)
         QObject::disconnect(d->contentItem, nullptr, this, nullptr);
     d->stopAnimation();
+    d->corrections = 0;
     d->contentItem = item;
     d->isFlickable = hasProperty(item, "contentY") && hasProperty(item, "contentHeight")
                      && hasProperty(item, "visibleArea");
@@ -314,13 +313,16 @@ void VerticalScrollView::setScrollPosition(double position, bool immediate)
     if (!qIsFinite(target)) // in content that has no end
         return;
     if (d->isFlickable) {
+        d->corrections = 0;
         if (immediate) {
             d->stopAnimation();
             d->showPosition(target);
             return;
         }
         d->scrollPosition = target;
-        d->takeAim();
+        d->requestedPosition = position;
+        if (target != position)
+            d->corrections = kMostCorrections;
         if (!d->isAnimating())
             d->startAnimation(d->contentY());
         return;
@@ -347,7 +349,7 @@ double VerticalScrollView::normalizedScrollPosition() const
 void VerticalScrollView::setNormalizedScrollPosition(double position, bool immediate)
 {
     if (d->contentItem)
-        setScrollPosition(d->originY() + d->range() * position, immediate);
+        setScrollPosition(d->range() * position, immediate);
 }
 
 int VerticalScrollView::scrollbarOffset() const

@@ -77,7 +77,9 @@ public:
     void setScrollPosition(double position, bool immediate = false);
 
     /// The same as a part of the way, 0 at the top to 1 at the bottom. 0 while nothing can be
-    /// scrolled.
+    /// scrolled. Reading counts from where the content begins, setting from position 0. The two
+    /// differ in a flickable whose \c originY is not 0, such as a list with a header: there, set
+    /// scrollPosition.
     double normalizedScrollPosition() const;
     void setNormalizedScrollPosition(double position, bool immediate = false);
 
@@ -105,7 +107,7 @@ public:
     void setDragAutoScroll(bool enabled);
 
 public Q_SLOTS:
-    /// Scrolls to \a position, 0 at the top to 1 at the bottom.
+    /// Sets normalizedScrollPosition.
     void scrollTo(double position, bool immediate = false);
     /// Scrolls to \a item, which lies anywhere inside the content; any other one is ignored.
     void scrollTo(QQuickItem *item, ta::ui::VerticalScrollView::ScrollPosition position = Contain,

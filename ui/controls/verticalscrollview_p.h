@@ -13,10 +13,6 @@ namespace ta::ui {
 class VerticalScrollViewPrivate
 {
 public:
-    // Where an animation of a flickable goes. A list knows its ends only roughly until it gets
-    // there, and so a target at an end moves with that end.
-    enum class Aim { Place, Top, Bottom };
-
     explicit VerticalScrollViewPrivate(VerticalScrollView *q);
 
     bool scrollsFlickable() const { return contentItem && isFlickable; }
@@ -34,8 +30,7 @@ public:
     void startAnimation(double from);
     void stopAnimation();
     void advanceAnimation();
-    void takeAim();
-    void aimAgain();
+    void boundTargetAgain();
 
     void scheduleGeometry();
     void updateFlickable();
@@ -45,7 +40,6 @@ public:
 
     void drag(const QPointF &scenePosition);
     bool mayAutoScroll() const;
-    void stopAutoScroll();
 
     void setWindow(QQuickWindow *window);
 
@@ -61,7 +55,7 @@ public:
     double heightRatio = 1;
     ScrollBarRoom scrollBarRoom;
     QTimer *const autoScrollTimer; // a child of the view
-    double autoScrollSpeed = 0; // 0 while the timer is stopped
+    double autoScrollSpeed = 0; // kept while the timer is stopped, until the next drag
     bool isFlickable = false;
     bool dragAutoScroll = true;
     bool polishPending = false;
@@ -69,8 +63,8 @@ public:
     qint64 animationLastTick = 0;
     double animatedPosition = 0;
 
-    Aim aim = Aim::Place;
-    qint64 arrival = 0; // when an animation first reached its target, 0 before
+    double requestedPosition = 0; // in a flickable, before it was bounded
+    int corrections = 0; // of a target that was bounded, still allowed after arriving there
     int geometryUpdates = 0; // since the application handled events
     bool hasNarrowContent = false; // as beside a scroll bar
     QPointer<QQuickItem> scrollBar;

@@ -76,7 +76,7 @@ void VerticalScrollViewPrivate::drag(const QPointF &scenePosition)
     if (mayAutoScroll() && containsScenePosition(q, scenePosition))
         speed = autoScrollSpeedAt(q->mapFromScene(scenePosition).y(), q->height(), autoScrollSpeed);
     if (speed == 0) {
-        stopAutoScroll();
+        autoScrollTimer->stop();
         return;
     }
     autoScrollSpeed = speed;
@@ -84,17 +84,10 @@ void VerticalScrollViewPrivate::drag(const QPointF &scenePosition)
         autoScrollTimer->start();
 }
 
-// The next time begins slowly again.
-void VerticalScrollViewPrivate::stopAutoScroll()
-{
-    autoScrollTimer->stop();
-    autoScrollSpeed = 0;
-}
-
 // The window's drags pass through the view.
 void VerticalScrollViewPrivate::setWindow(QQuickWindow *window)
 {
-    stopAutoScroll();
+    autoScrollTimer->stop();
     if (filteredWindow)
         filteredWindow->removeEventFilter(q);
     filteredWindow = window;
@@ -112,7 +105,7 @@ void VerticalScrollView::setDragAutoScroll(bool enabled)
     if (!assign(d->dragAutoScroll, enabled))
         return;
     if (!enabled)
-        d->stopAutoScroll();
+        d->autoScrollTimer->stop();
     Q_EMIT dragAutoScrollChanged();
 }
 
@@ -128,12 +121,16 @@ void VerticalScrollView::autoScroll()
 bool VerticalScrollView::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
+    case QEvent::DragEnter:
+        // One drag that comes back to the edge goes on as fast as it was, the next begins slowly.
+        d->autoScrollSpeed = 0;
+        break;
     case QEvent::DragMove:
         d->drag(static_cast<QDragMoveEvent *>(event)->posF());
         break;
     case QEvent::DragLeave:
     case QEvent::Drop:
-        d->stopAutoScroll();
+        d->autoScrollTimer->stop();
         break;
     default:
         break;
