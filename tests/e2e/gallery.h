@@ -54,9 +54,9 @@ public:
 
     /// Holds the left button down on the item's middle, and goes on until a drag has begun.
     bool drag(const QString &name);
-    /// Goes on with the drag to \a position; stays in motion there, as a hand does, until the trace
-    /// says \a line.
-    bool dragTo(const QPoint &position, const QString &line);
+    /// Goes on with the drag to the middle of the drop zone \a name, wherever that moves meanwhile;
+    /// stays in motion there, as a hand does, until the zone takes it.
+    bool dragOver(const QString &name);
     static void release();
     /// The whole of a drag from \a begin to \a end, of something that follows the pointer.
     static void drag(const QPoint &begin, const QPoint &end);

@@ -218,7 +218,7 @@ void tst_Thumbnail::manyAskForOne()
     for (int i = 0; i < 20; ++i)
         QTRY_COMPARE(board.pixel(QPointF(i * 20 + 5, 10)), QColor(Qt::red));
     board.addThumbnail(probe.url(), QRect(0, 100, 20, 20));
-    QTRY_COMPARE(board.pixel(QPointF(5, 110)), QColor(Qt::red));
+    QCOMPARE(board.pixel(QPointF(5, 110)), QColor(Qt::red)); // decoded already: the next frame
     QCOMPARE(probe.readCount(), 1);
 }
 

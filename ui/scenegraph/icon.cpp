@@ -1,6 +1,7 @@
 #include "icon.h"
 
 #include "iconatlas_p.h"
+#include "iconimages_p.h"
 #include "iconnode_p.h"
 
 #include "foundation/assign.h"
@@ -11,7 +12,7 @@
 
 namespace ta::ui {
 
-class IconPrivate
+class IconPrivate : public IconImagesUser
 {
 public:
     enum DirtyFlag { DirtyGeometry = 1, DirtyMaterial = 2, DirtyAll = ~0 };

@@ -2,12 +2,22 @@
 
 #include "iconatlas_p.h"
 
-#include <QtCore/QVarLengthArray>
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <limits>
 
 namespace ta::ui {
 
 QHash<QByteArray, QWeakPointer<IconGeometry>> IconGeometry::m_existing;
 QMutex IconGeometry::s_lock;
+QByteArray IconGeometry::s_key;
+
+namespace {
+
+constexpr int kKeySize = 64; // enough for all names
+
+} // namespace
 
 QRectF iconCell(int size, double devicePixelRatio, const QByteArray &name)
 {
@@ -37,24 +47,28 @@ IconGeometry::IconGeometry(int size, double devicePixelRatio, const QByteArray &
 QSharedPointer<IconGeometry> IconGeometry::get(int size, double devicePixelRatio,
                                                const QString &name)
 {
-    // Looking up allocates nothing: with many icons, that would be most of what it costs.
-    QVarLengthArray<char, 64> key;
-    for (const QChar character : name)
-        key.append(character.unicode() > 0xff ? '?' : char(character.unicode()));
-    const int nameLength = key.size();
-    char suffix[24];
-    key.append(suffix, qsnprintf(suffix, sizeof suffix, "#%d%s", size,
-                                 devicePixelRatio > 1.1 ? "@2x" : ""));
-
     const QMutexLocker locker(&s_lock);
-    const auto existing = m_existing.constFind(QByteArray::fromRawData(key.data(), key.size()));
+    // Looking up allocates nothing: with many icons, that would be most of what it costs.
+    QByteArray &key = s_key;
+    key.reserve(kKeySize); // and keep that
+    key.resize(name.size());
+    std::transform(name.begin(), name.end(), key.begin(), [](QChar character) {
+        return character.unicode() > 0xff ? '?' : char(character.unicode());
+    });
+    key += '#';
+    char digits[std::numeric_limits<int>::digits10 + 2];
+    key.append(digits, int(std::to_chars(digits, std::end(digits), size).ptr - digits));
+    if (devicePixelRatio > 1.1)
+        key += "@2x";
+
+    const auto existing = m_existing.constFind(key);
     QSharedPointer<IconGeometry> geometry;
     if (existing != m_existing.constEnd())
         geometry = existing->toStrongRef();
     if (!geometry) {
         geometry = QSharedPointer<IconGeometry>::create(size, devicePixelRatio,
-                                                        QByteArray(key.data(), nameLength));
-        m_existing.insert(QByteArray(key.data(), key.size()), geometry);
+                                                        key.left(name.size()));
+        m_existing.insert(QByteArray(key.constData(), key.size()), geometry);
     }
     return geometry;
 }

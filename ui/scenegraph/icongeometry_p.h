@@ -34,6 +34,7 @@ private:
     // goes with the last node that uses it.
     static QHash<QByteArray, QWeakPointer<IconGeometry>> m_existing;
     static QMutex s_lock;
+    static QByteArray s_key; // room for the key that is looked up
 };
 
 } // namespace ta::ui

@@ -1,6 +1,7 @@
 #include "iconnode_p.h"
 
 #include "iconatlas_p.h"
+#include "iconimages_p.h"
 
 #include <QtQuick/QQuickWindow>
 
@@ -59,24 +60,28 @@ QSharedPointer<QSGTexture> IconNode::atlasTexture(QQuickWindow *window, int size
     const TextureKey key(window->openglContext(), iconAtlasKey(size, ratio));
     {
         const QMutexLocker locker(&s_lock);
-        if (QSharedPointer<QSGTexture> texture = m_existing.value(key).toStrongRef())
-            return texture;
+        const auto existing = m_existing.constFind(key);
+        if (existing != m_existing.constEnd() && !existing->isNull())
+            return existing->toStrongRef();
     }
 
-    // No other thread makes this one: a context is used on one thread.
-    const IconAtlas &atlas = getAtlas(size, ratio);
-    const QImage image = QImage::fromData(atlas.data, atlas.dataSize, "png");
+    // No other thread makes this one, nor lets it go: a context is used on one thread.
+    const QImage image = iconAtlasImage(getAtlas(size, ratio));
     if (image.isNull())
         return {};
-    const QSharedPointer<QSGTexture> texture(
+    QSharedPointer<QSGTexture> texture(
         window->createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel));
-    if (!texture)
-        return {};
+    if (texture)
+        remember(key, texture);
+    return texture;
+}
+
+void IconNode::remember(const TextureKey &key, const QWeakPointer<QSGTexture> &texture)
+{
     const QMutexLocker locker(&s_lock);
     for (auto entry = m_existing.begin(); entry != m_existing.end();)
         entry = entry->isNull() ? m_existing.erase(entry) : std::next(entry);
     m_existing.insert(key, texture);
-    return texture;
 }
 
 } // namespace ta::ui

@@ -33,6 +33,7 @@ private:
     using TextureKey = QPair<QOpenGLContext *, int>;
 
     static QSharedPointer<QSGTexture> atlasTexture(QQuickWindow *window, int size);
+    static void remember(const TextureKey &key, const QWeakPointer<QSGTexture> &texture);
 
     IconMaterial m_material; // a part of the node: one allocation less for each icon
     QSharedPointer<IconGeometry> m_geometry;

@@ -72,6 +72,11 @@ void ThumbnailPrivate::loadTexture()
         markDirty(DirtyTexture);
         return;
     }
+    // What has been decoded already is there for the next frame, without a way through a thread.
+    if (job.findCached(&image)) {
+        markDirty(DirtyTexture);
+        return;
+    }
     watcher = std::make_unique<QFutureWatcher<QImage>>();
     QObject::connect(watcher.get(), &QFutureWatcherBase::finished, q, &Thumbnail::loadFinished);
     watcher->setFuture(ThumbnailLoadJob::start(job));

@@ -78,17 +78,26 @@ QImage forTexture(const QImage &image)
 QImage ThumbnailLoadJob::operator()() const
 {
     const QByteArray key = cacheKey();
-    {
-        const QMutexLocker locker(&cacheLock());
-        if (const QImage *cached = cache().object(key)) // which is now the one used last
-            return *cached;
-    }
     QImage image;
-    if (!decode(&image))
-        return {};
+    if (findCached(key, &image) || !decode(&image))
+        return image;
     const QMutexLocker locker(&cacheLock());
     cache().insert(key, new QImage(image), costOf(image)); // the cache owns it
     return image;
+}
+
+bool ThumbnailLoadJob::findCached(QImage *image) const
+{
+    return findCached(cacheKey(), image);
+}
+
+bool ThumbnailLoadJob::findCached(const QByteArray &key, QImage *image)
+{
+    const QMutexLocker locker(&cacheLock());
+    const QImage *cached = cache().object(key); // which is now the one used last
+    if (cached)
+        *image = *cached;
+    return cached;
 }
 
 QByteArray ThumbnailLoadJob::cacheKey() const

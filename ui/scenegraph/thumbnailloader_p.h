@@ -28,6 +28,9 @@ public:
     /// The decoded picture; null where there is none. Failures are not told otherwise.
     QImage operator()() const;
 
+    /// Gives what the job would, where the cache has it; returns whether it has.
+    bool findCached(QImage *image) const;
+
     /// Identifies the outcome: jobs of equal keys decode the same pixels.
     QByteArray cacheKey() const;
 
@@ -36,6 +39,8 @@ public:
     static QFuture<QImage> start(const ThumbnailLoadJob &job);
 
 private:
+    static bool findCached(const QByteArray &key, QImage *image);
+
     /// False where there is no file to read.
     bool decode(QImage *image) const;
 };
