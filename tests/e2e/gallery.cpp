@@ -181,16 +181,24 @@ void Gallery::wheel(const QString &name, int steps)
 
 bool Gallery::dragTo(const QPoint &position, const QString &line)
 {
+    return dragUntil(line, [&] { return position; });
+}
+
+bool Gallery::dragOver(const QString &name)
+{
+    return dragUntil(QLatin1String("drag over ") + name, [&] { return place(name); });
+}
+
+bool Gallery::dragUntil(const QString &line, const std::function<QPoint()> &position)
+{
     int step = 0;
-    const bool found = QTest::qWaitFor(
-        [&] {
-            input(moveTo(position + QPoint(++step % 2, 0)));
-            return hasSaid(line);
-        },
-        kPatience);
-    if (!found)
-        qWarning("Nothing said \"%s\"", qPrintable(line));
-    return found;
+    return QTest::qWaitFor(
+               [&] {
+                   input(moveTo(position() + QPoint(++step % 2, 0)));
+                   return hasSaid(line);
+               },
+               kPatience)
+           || says(line);
 }
 
 void Gallery::release()
@@ -220,8 +228,13 @@ bool Gallery::closes()
             QProcess::execute(QStringLiteral("wmctrl"),
                               { QStringLiteral("-i"), QStringLiteral("-c"), columns.first() });
     }
-    return (m_process.state() == QProcess::NotRunning || m_process.waitForFinished(kPatience))
-           && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+    if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(kPatience))
+        qWarning("The gallery does not close; windows: %s", qPrintable(windows));
+    else if (m_process.exitStatus() != QProcess::NormalExit || m_process.exitCode() != 0)
+        qWarning("The gallery ended with %d", m_process.exitCode());
+    else
+        return true;
+    return false;
 }
 
 bool Gallery::hasSaid(const QString &line)

@@ -6,6 +6,8 @@
 #include <QtCore/QRect>
 #include <QtCore/QStringList>
 
+#include <functional>
+
 namespace ta::test {
 
 /*!
@@ -57,6 +59,9 @@ public:
     /// Goes on with the drag to \a position; stays in motion there, as a hand does, until the trace
     /// says \a line.
     bool dragTo(const QPoint &position, const QString &line);
+    /// The same with the middle of the drop zone \a name, wherever that moves meanwhile, until the
+    /// zone takes what is dragged.
+    bool dragOver(const QString &name);
     static void release();
     /// The whole of a drag from \a begin to \a end, of something that follows the pointer.
     static void drag(const QPoint &begin, const QPoint &end);
@@ -71,6 +76,7 @@ public:
     bool closes();
 
 private:
+    bool dragUntil(const QString &line, const std::function<QPoint()> &position);
     bool hasSaid(const QString &line);
     void read();
 

@@ -75,14 +75,14 @@ void tst_DragDrop::cardBetweenGalleries()
     QVERIFY(second.arrange(kSecond));
 
     QVERIFY(first.drag(kCard1));
-    QVERIFY(first.dragTo(first.place(kAir), over(kAir)));
-    QVERIFY(second.dragTo(second.place(kIdeas), over(kIdeas)));
+    QVERIFY(first.dragOver(kAir));
+    QVERIFY(second.dragOver(kIdeas));
     QVERIFY(first.says(off(kAir)));
-    QVERIFY(second.dragTo(second.place(kAir), over(kAir)));
+    QVERIFY(second.dragOver(kAir));
     QVERIFY(second.says(off(kIdeas)));
-    QVERIFY(first.dragTo(first.place(kAir), over(kAir)));
+    QVERIFY(first.dragOver(kAir));
     QVERIFY(second.says(off(kAir)));
-    QVERIFY(second.dragTo(second.place(kAir), over(kAir)));
+    QVERIFY(second.dragOver(kAir));
     Gallery::keyDown("shift");
     second.move(kAir);
     Gallery::release();
@@ -104,7 +104,7 @@ void tst_DragDrop::cardBetweenColumns()
         const QString from = copies ? kAir : kIdeas;
         const QString to = copies ? kIdeas : kAir;
         QVERIFY(gallery.drag(kCard1));
-        QVERIFY(gallery.dragTo(gallery.place(to), over(to)));
+        QVERIFY(gallery.dragOver(to));
         if (copies)
             Gallery::keyDown("ctrl");
         gallery.move(to);
@@ -134,7 +134,7 @@ void tst_DragDrop::escape()
     QVERIFY(second.arrange(kSecond));
 
     QVERIFY(first.drag(kCard1));
-    QVERIFY(second.dragTo(second.place(kAir), over(kAir)));
+    QVERIFY(second.dragOver(kAir));
     first.key("Escape");
     QVERIFY(second.says(off(kAir)));
     QVERIFY(first.says(kEnd));
@@ -142,13 +142,13 @@ void tst_DragDrop::escape()
 
     // The next drag is one like any other.
     QVERIFY(first.drag(kCard1));
-    QVERIFY(first.dragTo(first.place(kAir), over(kAir)));
+    QVERIFY(first.dragOver(kAir));
     first.key("Escape");
     QVERIFY(first.says(off(kAir)));
     QVERIFY(first.says(kEnd));
     Gallery::release();
     QVERIFY(first.drag(kCard1));
-    QVERIFY(second.dragTo(second.place(kAir), over(kAir)));
+    QVERIFY(second.dragOver(kAir));
     Gallery::release();
     QVERIFY(second.says(dropped(kAir, Qt::NoModifier, firstCard(kIdeas))));
     QCOMPARE(second.count(off(kAir)), 1);
@@ -181,7 +181,7 @@ void tst_DragDrop::files()
     for (const auto &box : boxes) {
         const QString zone = QString::fromLatin1(box.zone);
         QVERIFY(source.drag(start));
-        QVERIFY(gallery.dragTo(gallery.place(zone), over(zone)));
+        QVERIFY(gallery.dragOver(zone));
         Gallery::release();
         QVERIFY(gallery.says(dropped(zone, Qt::NoModifier, QString::fromLatin1(box.value))));
         QVERIFY(source.says(end));
@@ -190,8 +190,7 @@ void tst_DragDrop::files()
     // The board has no use for files.
     QVERIFY(source.drag(start));
     gallery.move(kAir);
-    QVERIFY(
-        gallery.dragTo(gallery.place(QStringLiteral("videos")), over(QStringLiteral("videos"))));
+    QVERIFY(gallery.dragOver(QStringLiteral("videos")));
     QCOMPARE(gallery.count(over(kAir)), 0);
     source.key("Escape");
     QVERIFY(gallery.says(off(QStringLiteral("videos"))));

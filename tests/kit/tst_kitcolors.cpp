@@ -20,16 +20,13 @@ class tst_KitColors : public TestCase
 
 private Q_SLOTS:
     void initTestCase() { Scene::useKit(); }
-    void patches();
     void ownColors();
     void editing();
-    void mixerPointer_data();
     void mixerPointer();
     void mixerKeys();
     void mixerKeepsTheHue();
     void mixerAsks();
     void indeterminate();
-    void hexField_data();
     void hexField();
     void numberFields();
     void faces();
@@ -40,13 +37,32 @@ private Q_SLOTS:
 
 namespace {
 
-QString picker(const QString &properties)
+// A shown picker, and what it has asked for.
+class PickerScene : public Scene
 {
-    return QStringLiteral("property var asked: []\nRectangle { anchors.fill: parent }\n"
-                          "UiColorPicker { objectName: 'picker'; x: 20; y: 20; %1\n"
-                          "onUpdateRequested: asked.push(newValue) }\n")
-        .arg(properties);
-}
+public:
+    explicit PickerScene(const char *properties = "")
+        : Scene(QStringLiteral("property var asked: []\nRectangle { anchors.fill: parent }\n"
+                               "UiColorPicker { objectName: 'picker'; x: 20; y: 20; %1\n"
+                               "onUpdateRequested: asked.push(newValue) }\n")
+                    .arg(QLatin1String(properties))),
+          picker(find<ColorPickerBase>("picker"))
+    {
+    }
+
+    bool isReady() { return isValid() && waitForFrame(); }
+    /// Sets the whole text of a field, as a person does.
+    void type(const char *field, const QByteArray &text)
+    {
+        find(field)->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(window(), Qt::Key_Backspace);
+        for (char letter : text)
+            QTest::keyClick(window(), letter);
+        QTest::keyClick(window(), Qt::Key_Return);
+    }
+
+    ColorPickerBase *const picker;
+};
 
 QColor colorOf(const QObject *object)
 {
@@ -73,36 +89,20 @@ QVariantList asked(const Scene &scene)
 
 } // namespace
 
-void tst_KitColors::patches()
-{
-    for (bool bindable : { false, true }) {
-        Scene scene(picker(bindable ? QStringLiteral("bindable: true") : QString()));
-        QVERIFY(scene.isValid());
-        auto *item = scene.find("picker");
-        QVERIFY(scene.waitForFrame());
-        const QList<QQuickItem *> all = patchesOf(item);
-        QCOMPARE(all.count(), 42);
-        QCOMPARE(all.last()->mapToItem(item, QPointF()).x() + 22, 313.0); // three full rows
-        click(scene.window(), center(all.at(7)));
-        QCOMPARE(colorOf(item), QColor(bindable ? 0x000000 : 0xEE4F4F));
-        QCOMPARE(asked(scene), bindable ? QVariantList { QColor(0xEE4F4F) } : QVariantList());
-    }
-}
-
 // The picker's own list comes first; its transparent colour can be chosen.
 void tst_KitColors::ownColors()
 {
-    Scene scene(picker(QStringLiteral("palette: ['transparent', '#123456']")));
-    QVERIFY(scene.isValid());
-    auto *item = scene.find<ColorPickerBase>("picker");
-    QVERIFY(item->usesTransparent());
-    QVERIFY(scene.waitForFrame());
-    const QList<QQuickItem *> all = patchesOf(item);
-    QCOMPARE(all.count(), 44);
-    click(scene.window(), center(all.at(0)));
-    QVERIFY(item->isTransparent());
-    click(scene.window(), center(all.at(1)));
-    QCOMPARE(item->color(), QColor(0x123456));
+    PickerScene scene("palette: ['transparent', '#123456']");
+    QVERIFY(scene.isReady());
+    QVERIFY(scene.picker->usesTransparent());
+    const QList<QQuickItem *> all = patchesOf(scene.picker);
+    QCOMPARE(all.count(), 2 + 42);
+    QCOMPARE(all.last()->mapToItem(scene.picker, QPointF()).x() + 22, 313.0); // three full rows
+    for (int patch : { 0, 1, 9 }) {
+        click(scene.window(), center(all.at(patch)));
+        QCOMPARE(scene.picker->color(), colorOf(all.at(patch)));
+        QCOMPARE(scene.picker->isTransparent(), patch == 0);
+    }
 }
 
 // The buttons beside a palette that is not read-only add and remove the chosen colour.
@@ -114,12 +114,11 @@ void tst_KitColors::editing()
         palette->add(colorList({ "#010101", "#020202" }));
         return palette;
     });
-    Scene scene(picker(QString()));
-    QVERIFY(scene.isValid());
-    auto *item = scene.find<ColorPickerBase>("picker");
+    PickerScene scene;
+    QVERIFY(scene.isReady());
+    ColorPickerBase *item = scene.picker;
     auto *add = scene.find("addColorButton");
     auto *remove = scene.find("removeColorButton");
-    QVERIFY(scene.waitForFrame());
     const auto colors = [&] { return palette->swatches().first()->colors(); };
     item->setColor(QColor(0x020202));
     QVERIFY(!add->isEnabled() && remove->isEnabled());
@@ -143,55 +142,47 @@ void tst_KitColors::editing()
     QVERIFY(!scene.find("addColorButton"));
 }
 
-void tst_KitColors::mixerPointer_data()
-{
-    QTest::addColumn<QByteArray>("part");
-    QTest::addColumn<QPointF>("place"); // as fractions of the part
-    QTest::addColumn<QColor>("color");
-    const QByteArray field("colorField");
-    const QByteArray lightness("lightnessBar");
-    const QByteArray opacity("opacityBar");
-    QTest::newRow("red") << field << QPointF(0, 0) << QColor(255, 0, 0, 128);
-    QTest::newRow("cyan") << field << QPointF(0.5, 0) << QColor(0, 255, 255, 128);
-    QTest::newRow("red again") << field << QPointF(1, 0) << QColor(255, 0, 0, 128);
-    QTest::newRow("grey") << field << QPointF(0.3, 1) << QColor(128, 128, 128, 128);
-    QTest::newRow("outside") << field << QPointF(-0.2, -3) << QColor(255, 0, 0, 128);
-    QTest::newRow("white") << lightness << QPointF(0.5, 0) << QColor(255, 255, 255, 128);
-    QTest::newRow("black") << lightness << QPointF(0.5, 1) << QColor(0, 0, 0, 128);
-    QTest::newRow("opaque") << opacity << QPointF(0.5, 0) << QColor(0, 255, 0, 255);
-    QTest::newRow("transparent") << opacity << QPointF(0.5, 1) << QColor(0, 255, 0, 0);
-}
-
 // Presses inside of a part and drags to the place.
 void tst_KitColors::mixerPointer()
 {
-    QFETCH(QByteArray, part);
-    QFETCH(QPointF, place);
-    QFETCH(QColor, color);
-    Scene scene(picker(QStringLiteral("mode: UiColorPicker.Mixer; color: '#8000ff00'")));
-    QVERIFY(scene.isValid());
-    QVERIFY(scene.waitForFrame());
-    auto *item = scene.find(part);
-    const QPointF point(place.x() * (item->width() - 1), place.y() * (item->height() - 1));
-    press(scene.window(), center(item));
-    QVERIFY(item->hasActiveFocus());
-    QTest::mouseMove(scene.window(), item->mapToScene(point).toPoint());
-    release(scene.window(), item->mapToScene(point).toPoint());
-    const QColor mixed = colorOf(scene.find("picker"));
-    const auto near = [](int a, int b) { return qAbs(a - b) <= 3; }; // the place is a whole pixel
-    QVERIFY2(near(mixed.red(), color.red()) && near(mixed.green(), color.green())
-                 && near(mixed.blue(), color.blue()) && mixed.alpha() == color.alpha(),
-             qPrintable(mixed.name(QColor::HexArgb)));
+    const struct
+    {
+        const char *part;
+        QPointF place; // as fractions of the part
+        QRgb color;
+    } rows[] = {
+        { "colorField", { 0, 0 }, 0x80ff0000 },     { "colorField", { 0.5, 0 }, 0x8000ffff },
+        { "colorField", { 1, 0 }, 0x80ff0000 },     { "colorField", { 0.3, 1 }, 0x80808080 },
+        { "colorField", { -0.2, -3 }, 0x80ff0000 }, { "lightnessBar", { 0.5, 0 }, 0x80ffffff },
+        { "lightnessBar", { 0.5, 1 }, 0x80000000 }, { "opacityBar", { 0.5, 0 }, 0xff00ff00 },
+        { "opacityBar", { 0.5, 1 }, 0x0000ff00 },
+    };
+    PickerScene scene("mode: UiColorPicker.Mixer");
+    QVERIFY(scene.isReady());
+    for (const auto &row : rows) {
+        scene.picker->setColor(QColor(0, 255, 0, 128));
+        auto *item = scene.find(row.part);
+        const QPointF point(row.place.x() * (item->width() - 1),
+                            row.place.y() * (item->height() - 1));
+        press(scene.window(), center(item));
+        QVERIFY(item->hasActiveFocus());
+        QTest::mouseMove(scene.window(), item->mapToScene(point).toPoint());
+        release(scene.window(), item->mapToScene(point).toPoint());
+        const QColor mixed = scene.picker->color();
+        const auto near = [](int a, int b) { return qAbs(a - b) <= 3; }; // it is a whole pixel
+        QVERIFY2(near(mixed.red(), qRed(row.color)) && near(mixed.green(), qGreen(row.color))
+                     && near(mixed.blue(), qBlue(row.color)) && mixed.alpha() == qAlpha(row.color),
+                 qPrintable(mixed.name(QColor::HexArgb)));
+    }
 }
 
 void tst_KitColors::mixerKeys()
 {
-    Scene scene(picker(QStringLiteral("mode: UiColorPicker.Mixer; color: '#ff0000'")));
+    PickerScene scene("mode: UiColorPicker.Mixer; color: '#ff0000'");
     QVERIFY(scene.isValid());
-    auto *item = scene.find<ColorPickerBase>("picker");
     const auto key = [&](Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(scene.window(), code, modifiers);
-        return item->color();
+        return scene.picker->color();
     };
     scene.find("colorField")->forceActiveFocus();
     QCOMPARE(key(Qt::Key_Left), QColor(0xff0000)); // the end
@@ -212,52 +203,48 @@ void tst_KitColors::mixerKeys()
 // Black, white and grey have no hue; the handle stays, and coming back from there finds the colour.
 void tst_KitColors::mixerKeepsTheHue()
 {
-    Scene scene(picker(QStringLiteral("mode: UiColorPicker.Mixer; color: '#407fbf'")));
+    PickerScene scene("mode: UiColorPicker.Mixer; color: '#407fbf'");
     QVERIFY(scene.isValid());
     auto *field = scene.find("colorField");
     const double hue = field->property("hue").toDouble();
     const double saturation = field->property("saturation").toDouble();
     QVERIFY(hue > 0.5 && hue < 0.65 && saturation > 0.4);
-    auto *item = scene.find<ColorPickerBase>("picker");
     scene.find("lightnessBar")->forceActiveFocus();
     for (Qt::Key key : { Qt::Key_End, Qt::Key_Home, Qt::Key_PageDown }) {
         QTest::keyClick(scene.window(), key);
         QCOMPARE(field->property("hue").toDouble(), hue);
         QCOMPARE(field->property("saturation").toDouble(), saturation);
     }
-    QVERIFY(qAbs(item->color().hslHueF() - hue) < 0.02);
+    QVERIFY(qAbs(scene.picker->color().hslHueF() - hue) < 0.02);
 
     // What the host writes is shown as it is.
-    item->setColor(QColor(0x808080));
+    scene.picker->setColor(QColor(0x808080));
     QCOMPARE(field->property("hue").toDouble(), hue);
     QCOMPARE(field->property("saturation").toDouble(), 0.0);
-    item->setColor(QColor(0x00ff00));
+    scene.picker->setColor(QColor(0x00ff00));
     QVERIFY(qAbs(field->property("hue").toDouble() - 1 / 3.0) < 0.001);
 }
 
 // The handles are where the host's colour is, not where the pointer has been.
 void tst_KitColors::mixerAsks()
 {
-    Scene scene(
-        picker(QStringLiteral("mode: UiColorPicker.Mixer; color: '#00ff00'; bindable: true")));
-    QVERIFY(scene.isValid());
-    QVERIFY(scene.waitForFrame());
+    PickerScene scene("mode: UiColorPicker.Mixer; color: '#00ff00'; bindable: true");
+    QVERIFY(scene.isReady());
     auto *field = scene.find("colorField");
     const double hue = field->property("hue").toDouble();
     click(scene.window(), field->mapToScene(QPointF(3, 3)).toPoint());
     QCOMPARE(asked(scene).count(), 1);
-    QCOMPARE(colorOf(scene.find("picker")), QColor(0x00ff00));
+    QCOMPARE(scene.picker->color(), QColor(0x00ff00));
     QCOMPARE(field->property("hue").toDouble(), hue);
-    scene.find("picker")->setProperty("color", asked(scene).first());
+    scene.picker->setColor(asked(scene).first().value<QColor>());
     QVERIFY(qAbs(field->property("hue").toDouble() - 3 / (field->width() - 1)) < 1e-6);
 }
 
 void tst_KitColors::indeterminate()
 {
-    Scene scene(picker(QStringLiteral("mode: UiColorPicker.Mixer; color: '#8000ff00'")));
-    QVERIFY(scene.isValid());
-    auto *item = scene.find<ColorPickerBase>("picker");
-    QVERIFY(scene.waitForFrame());
+    PickerScene scene("mode: UiColorPicker.Mixer; color: '#8000ff00'");
+    QVERIFY(scene.isReady());
+    ColorPickerBase *item = scene.picker;
     const QImage before = scene.window()->grabWindow();
     item->setIndeterminate(true);
     QVERIFY(scene.window()->grabWindow() != before);
@@ -272,42 +259,32 @@ void tst_KitColors::indeterminate()
     QVERIFY(item->isIndeterminate()); // which the host takes back
 }
 
-void tst_KitColors::hexField_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QColor>("color");
-    const QColor before(0x22, 0x44, 0x66, 0x80);
-    const auto opaque = [](QRgb rgb) { return QColor::fromRgba(0x80000000 | rgb); };
-    QTest::newRow("six") << QStringLiteral("#ee4f4f") << opaque(0xee4f4f);
-    QTest::newRow("three") << QStringLiteral("abc") << opaque(0xaabbcc);
-    QTest::newRow("eight") << QStringLiteral("#40EE4F4F") << QColor::fromRgba(0x40ee4f4f);
-    QTest::newRow("with spaces") << QStringLiteral(" 123456 ") << opaque(0x123456);
-    QTest::newRow("five") << QStringLiteral("#12345") << before;
-    QTest::newRow("a name") << QStringLiteral("red") << before;
-    QTest::newRow("nothing") << QString() << before;
-}
-
 void tst_KitColors::hexField()
 {
-    QFETCH(QString, typed);
-    QFETCH(QColor, color);
-    Scene scene(picker(QStringLiteral("color: '#80224466'")));
+    const struct
+    {
+        const char *typed;
+        QRgb color;
+    } rows[] = {
+        { "#ee4f4f", 0x80ee4f4f },  { "abc", 0x80aabbcc },    { "#40EE4F4F", 0x40ee4f4f },
+        { " 123456 ", 0x80123456 }, { "#12345", 0x80224466 }, { "red", 0x80224466 },
+        { "", 0x80224466 },
+    };
+    PickerScene scene;
     QVERIFY(scene.isValid());
-    auto *field = scene.find("hexField");
-    QCOMPARE(field->property("text").toString(), QStringLiteral("#224466"));
-    field->forceActiveFocus(Qt::TabFocusReason);
-    QTest::keyClick(scene.window(), Qt::Key_Backspace);
-    for (const QChar &letter : typed)
-        QTest::keyClick(scene.window(), letter.toLatin1());
-    QTest::keyClick(scene.window(), Qt::Key_Return);
-    QCOMPARE(colorOf(scene.find("picker")), color);
-    QCOMPARE(field->property("typedText").toString(),
-             QLatin1Char('#') + color.name().mid(1).toUpper());
+    for (const auto &row : rows) {
+        scene.picker->setColor(QColor(0x22, 0x44, 0x66, 0x80));
+        QCOMPARE(scene.find("hexField")->property("text").toString(), QStringLiteral("#224466"));
+        scene.type("hexField", row.typed);
+        QCOMPARE(scene.picker->color().rgba(), row.color);
+        QCOMPARE(scene.find("hexField")->property("typedText").toString(),
+                 scene.picker->color().name().toUpper());
+    }
 }
 
 void tst_KitColors::numberFields()
 {
-    Scene scene(picker(QStringLiteral("color: '#224466'; mode: UiColorPicker.Mixer")));
+    PickerScene scene("color: '#224466'; mode: UiColorPicker.Mixer");
     QVERIFY(scene.isValid());
     const struct
     {
@@ -321,26 +298,19 @@ void tst_KitColors::numberFields()
         { "opacityField", "0", 0x00ff00ff }, { "redField", "17", 0x001100ff },
     };
     for (const auto &row : rows) {
-        scene.find(row.field)->forceActiveFocus(Qt::TabFocusReason);
-        QTest::keyClick(scene.window(), Qt::Key_Backspace);
-        for (const char *letter = row.typed; *letter; ++letter)
-            QTest::keyClick(scene.window(), *letter);
-        QTest::keyClick(scene.window(), Qt::Key_Return);
-        QCOMPARE(colorOf(scene.find("picker")).rgba(), row.color);
+        scene.type(row.field, row.typed);
+        QCOMPARE(scene.picker->color().rgba(), row.color);
     }
     scene.find("redField")->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(scene.window(), Qt::Key_Up);
-    QCOMPARE(colorOf(scene.find("picker")).red(), 18);
-    QTest::keyClick(scene.window(), Qt::Key_Down);
-    QCOMPARE(colorOf(scene.find("picker")).red(), 17);
+    QCOMPARE(scene.picker->color().red(), 18);
 }
 
 void tst_KitColors::faces()
 {
-    Scene scene(picker(QString()));
-    QVERIFY(scene.isValid());
-    auto *item = scene.find<ColorPickerBase>("picker");
-    QVERIFY(scene.waitForFrame());
+    PickerScene scene;
+    QVERIFY(scene.isReady());
+    ColorPickerBase *item = scene.picker;
     QVERIFY(!scene.find("colorField"));
     click(scene.window(), center(scene.find("mixerButton")));
     QCOMPARE(item->mode(), ColorPickerBase::Mixer);

@@ -16,13 +16,8 @@ class tst_ColorPicker : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void defaults();
-    void colors_data();
     void colors();
-    void update_data();
-    void update();
     void completion();
-    void ownColors_data();
     void ownColors();
     void paletteOrder();
     void customColor();
@@ -34,13 +29,23 @@ private Q_SLOTS:
 
 namespace {
 
-const QString kPicker = QStringLiteral("UiColorPickerBase { objectName: 'picker' }");
-const QStringList kColorSignals { QStringLiteral("colorChanged"),
-                                  QStringLiteral("hasCustomColorChanged"),
-                                  QStringLiteral("transparentChanged"),
-                                  QStringLiteral("updateRequested") };
+const QStringList kSignals = names(
+    { "colorChanged", "hasCustomColorChanged", "transparentChanged", "updateRequested" });
 
-QList<int> keys(QObject *picker, const char *property)
+// Pickers as QML makes them.
+class Pickers : public Scene
+{
+public:
+    Pickers() : Scene(QString()) {}
+
+    std::unique_ptr<ColorPickerBase> make(const QString &properties = {})
+    {
+        auto object = create(QStringLiteral("UiColorPickerBase { %1 }").arg(properties));
+        return std::unique_ptr<ColorPickerBase>(qobject_cast<ColorPickerBase *>(object.release()));
+    }
+};
+
+QList<int> keys(ColorPickerBase *picker, const char *property = "palettes")
 {
     const QQmlListReference list(picker, property);
     QList<int> result;
@@ -51,22 +56,9 @@ QList<int> keys(QObject *picker, const char *property)
 
 } // namespace
 
-void tst_ColorPicker::defaults()
+// Written by the host, and chosen by the user where the picker keeps that or asks for it.
+void tst_ColorPicker::colors()
 {
-    const ColorPickerBase picker;
-    QCOMPARE(picker.mode(), ColorPickerBase::Swatches);
-    QCOMPARE(int(ColorPickerBase::Mixer), 0);
-    QCOMPARE(picker.color(), QColor(Qt::black));
-    QVERIFY(!picker.isTransparent() && !picker.usesTransparent() && !picker.colorPickActive());
-    QVERIFY(!picker.isBindable() && !picker.isIndeterminate());
-    QVERIFY(picker.hasCustomColor()); // it has no palettes yet
-}
-
-void tst_ColorPicker::colors_data()
-{
-    QTest::addColumn<QColor>("before");
-    QTest::addColumn<QColor>("color");
-    QTest::addColumn<QStringList>("told");
     const QColor opaque(10, 20, 30);
     const auto alpha = [&](double value) {
         QColor color = opaque;
@@ -75,114 +67,96 @@ void tst_ColorPicker::colors_data()
     };
     const QStringList changed = names({ "colorChanged", "hasCustomColorChanged" });
     const QStringList turned = changed + names({ "transparentChanged" });
-    QTest::newRow("another") << opaque << QColor(Qt::red) << changed;
-    QTest::newRow("the same") << opaque << opaque << QStringList();
-    QTest::newRow("the same in HSV") << QColor(Qt::red) << QColor(Qt::red).toHsv() << QStringList();
-    QTest::newRow("translucent") << opaque << alpha(0.0101) << changed;
-    QTest::newRow("becomes transparent") << opaque << alpha(0.005) << turned;
-    QTest::newRow("stays transparent") << alpha(0.005) << alpha(0) << changed;
-    QTest::newRow("becomes visible") << alpha(0) << alpha(0.5) << turned;
-    QTest::newRow("no colour") << opaque << QColor() << changed;
-    QTest::newRow("no colour after none") << QColor() << QColor() << QStringList();
-}
-
-void tst_ColorPicker::colors()
-{
-    QFETCH(QColor, before);
-    QFETCH(QColor, color);
-    ColorPickerBase picker;
-    picker.setColor(before);
-    SignalLog log;
-    log.watch(&picker, kColorSignals);
-    picker.setColor(color);
-    QTEST(log.take(), "told");
-    QCOMPARE(picker.color(), color.toRgb());
-    QVERIFY(!picker.color().isValid() || picker.color().spec() == QColor::Rgb);
-}
-
-void tst_ColorPicker::update_data()
-{
-    QTest::addColumn<bool>("bindable");
-    QTest::newRow("keeps it") << false;
-    QTest::newRow("asks for it") << true;
-}
-
-void tst_ColorPicker::update()
-{
-    QFETCH(bool, bindable);
-    ColorPickerBase picker;
-    picker.setBindable(bindable);
-    QSignalSpy requests(&picker, &ColorPickerBase::updateRequested);
-    for (const QColor &color : { QColor(Qt::red).toHsl(), QColor(), QColor(Qt::black) }) {
-        const QColor before = picker.color();
-        QVERIFY(QMetaObject::invokeMethod(&picker, "updateColor", Q_ARG(QColor, color)));
-        QCOMPARE(picker.color(), bindable ? before : color.toRgb());
-        QCOMPARE(requests.count(), bindable ? 1 : 0);
-        if (bindable)
-            QCOMPARE(requests.takeFirst().first().value<QColor>(), color.toRgb());
+    const struct
+    {
+        QColor before;
+        QColor color;
+        QStringList told = {};
+    } rows[] = {
+        { opaque, Qt::red, changed },
+        { opaque, opaque },
+        { Qt::red, QColor(Qt::red).toHsv() },
+        { opaque, alpha(0.0101), changed },
+        { opaque, alpha(0.005), turned },
+        { alpha(0.005), alpha(0), changed },
+        { alpha(0), alpha(0.5), turned },
+        { opaque, QColor(), changed },
+        { QColor(), QColor() },
+    };
+    for (const auto &row : rows) {
+        for (const char *way : { "written", "chosen", "asked for" }) {
+            ColorPickerBase picker;
+            picker.setColor(row.before);
+            picker.setBindable(qstrcmp(way, "asked for") == 0);
+            SignalLog log;
+            log.watch(&picker, kSignals);
+            QSignalSpy requests(&picker, &ColorPickerBase::updateRequested);
+            if (qstrcmp(way, "written") == 0)
+                picker.setColor(row.color);
+            else
+                QMetaObject::invokeMethod(&picker, "updateColor", Q_ARG(QColor, row.color));
+            const bool asks = picker.isBindable();
+            QCOMPARE(log.take(), asks ? names({ "updateRequested" }) : row.told);
+            QCOMPARE(picker.color(), asks ? row.before : row.color.toRgb());
+            if (asks)
+                QCOMPARE(requests.first().first().value<QColor>(), row.color.toRgb());
+        }
     }
 }
 
 void tst_ColorPicker::completion()
 {
-    Scene scene(QStringLiteral(
-        "UiColorPickerBase { objectName: 'picker'; property var log: []\n"
+    Pickers pickers;
+    const auto picker = pickers.make(QStringLiteral(
+        "property var log: [mode === UiColorPickerBase.Swatches, '' + color, transparent]\n"
         "property string names: { const all = []; for (let i = 0; i < palettes.length; ++i)\n"
         "all.push(palettes[i].name + palettes[i].readOnly); return all.join() }\n"
         "onPalettesChanged: log.push('palettes'); onHasCustomColorChanged: log.push('custom')\n"
-        "Component.onCompleted: log.push('completed') }"));
-    QVERIFY(scene.isValid());
-    auto *picker = scene.find<ColorPickerBase>("picker");
-    QCOMPARE(picker->property("log").toStringList(), names({ "palettes", "custom", "completed" }));
+        "Component.onCompleted: log.push('completed')"));
+    QCOMPARE(picker->property("log").toStringList(),
+             names({ "true", "#000000", "false", "palettes", "custom", "completed" }));
     QCOMPARE(picker->property("names").toString(), QStringLiteral("true"));
-    QCOMPARE(keys(picker, "palettes"), QList<int> { 1 });
-    QCOMPARE(keys(picker, "writablePalettes"), QList<int>());
-    const QQmlListReference list(picker, "palettes");
+    QCOMPARE(keys(picker.get()), QList<int> { 1 });
+    QCOMPARE(keys(picker.get(), "writablePalettes"), QList<int>());
+    const QQmlListReference list(picker.get(), "palettes");
     QVERIFY(!list.canAppend() && !list.canClear());
-    QCOMPARE(list.at(0)->parent(), picker);
+    QCOMPARE(list.at(0)->parent(), picker.get());
     QVERIFY(!list.at(1) && !list.at(-1));
 
-    SignalLog log;
-    log.watch(picker, { QStringLiteral("modeChanged"), QStringLiteral("bindableChanged"),
-                        QStringLiteral("indeterminateChanged") });
     for (const char *property : { "mode", "bindable", "indeterminate" }) {
-        const QVariant other = qstrcmp(property, "mode") == 0 ? QVariant(0) : QVariant(true);
-        picker->setProperty(property, other);
-        picker->setProperty(property, other);
+        SignalLog log;
+        log.watch(picker.get(),
+                  names({ "modeChanged", "bindableChanged", "indeterminateChanged" }));
+        for (int i = 0; i < 2; ++i) // the second time, nothing changes
+            picker->setProperty(property, qstrcmp(property, "mode") == 0 ? 0 : 1);
         QCOMPARE(log.take(), QStringList { QLatin1String(property) + QLatin1String("Changed") });
     }
 }
 
-void tst_ColorPicker::ownColors_data()
-{
-    QTest::addColumn<QString>("property");
-    QTest::addColumn<int>("told");
-    QTest::newRow("none") << QString() << 0;
-    QTest::newRow("opaque") << QStringLiteral("property var palette: ['red', '#123456']") << 0;
-    QTest::newRow("transparent") << QStringLiteral("property var palette: ['red', 'transparent']")
-                                 << 1;
-    QTest::newRow("twice") << QStringLiteral("property var palette: ['#01ffffff', '#02000000']")
-                           << 2;
-    QTest::newRow("not quite") << QStringLiteral("property var palette: ['#03ffffff']") << 0;
-    QTest::newRow("values") << QStringLiteral("property var palette: [Qt.rgba(1, 0, 0, 0)]") << 1;
-    QTest::newRow("rubbish") << QStringLiteral(
-        "property var palette: ['', 'no colour', 7, null, undefined, [], {}, 'transparent']")
-                             << 1;
-    QTest::newRow("no list") << QStringLiteral("property string palette: 'transparent'") << 0;
-    QTest::newRow("an object") << QStringLiteral("property QtObject palette: null") << 0;
-}
-
 void tst_ColorPicker::ownColors()
 {
-    QFETCH(QString, property);
-    QFETCH(int, told);
-    Scene scene(QStringLiteral("UiColorPickerBase { objectName: 'picker'; property int told: 0\n"
-                               "onUsesTransparentChanged: ++told\n%1 }")
-                    .arg(property));
-    QVERIFY(scene.isValid());
-    const auto *picker = scene.find<ColorPickerBase>("picker");
-    QCOMPARE(picker->property("told").toInt(), told);
-    QCOMPARE(picker->usesTransparent(), told > 0);
+    const struct
+    {
+        const char *property;
+        int told;
+    } rows[] = {
+        { "var palette: ['red', '#123456', '#03ffffff']", 0 },
+        { "var palette: ['red', 'transparent']", 1 },
+        { "var palette: ['#01ffffff', '#02000000']", 2 },
+        { "var palette: [Qt.rgba(1, 0, 0, 0)]", 1 },
+        { "var palette: ['', 'no colour', 7, null, undefined, [], {}, 'transparent']", 1 },
+        { "string palette: 'transparent'", 0 },
+        { "QtObject palette: null", 0 },
+        { "var another: ['transparent']", 0 },
+    };
+    Pickers pickers;
+    for (const auto &row : rows) {
+        const auto picker = pickers.make(
+            QStringLiteral("property %1; property int told: 0; onUsesTransparentChanged: ++told")
+                .arg(QLatin1String(row.property)));
+        QCOMPARE(picker->property("told").toInt(), row.told);
+        QCOMPARE(picker->usesTransparent(), row.told > 0);
+    }
 }
 
 // By their keys; those with the same one in the order of their providers. What is no palette is
@@ -203,16 +177,15 @@ void tst_ColorPicker::paletteOrder()
     const auto early = provide(-3, true);
     const auto sameAsDefault = provide(1, false);
     const auto sameAsLate = provide(7, false);
-    Scene scene(kPicker);
-    QVERIFY(scene.isValid());
-    auto *picker = scene.find<ColorPickerBase>("picker");
-    QCOMPARE(keys(picker, "palettes"), QList<int>({ -3, 1, 1, 7, 7 }));
-    QCOMPARE(keys(picker, "writablePalettes"), QList<int>({ 1, 7, 7 }));
-    const QQmlListReference list(picker, "writablePalettes");
+    Pickers pickers;
+    const auto picker = pickers.make();
+    QCOMPARE(keys(picker.get()), QList<int>({ -3, 1, 1, 7, 7 }));
+    QCOMPARE(keys(picker.get(), "writablePalettes"), QList<int>({ 1, 7, 7 }));
+    const QQmlListReference list(picker.get(), "writablePalettes");
     QCOMPARE(list.at(1), made.at(0));
     QCOMPARE(list.at(2), made.at(3));
     for (const Palette *palette : qAsConst(made))
-        QCOMPARE(palette->parent(), picker);
+        QCOMPARE(palette->parent(), picker.get());
 }
 
 void tst_ColorPicker::customColor()
@@ -223,9 +196,9 @@ void tst_ColorPicker::customColor()
         swatch = palette->add(colorList({ "#123456" }));
         return palette;
     });
-    Scene scene(kPicker);
-    QVERIFY(scene.isValid());
-    auto *picker = scene.find<ColorPickerBase>("picker");
+    QVERIFY(ColorPickerBase().hasCustomColor()); // it has no palettes
+    Pickers pickers;
+    const auto picker = pickers.make();
     const struct
     {
         QColor color;
@@ -241,7 +214,7 @@ void tst_ColorPicker::customColor()
     }
     picker->setColor(QColor(0x654321));
     SignalLog log;
-    log.watch(picker, kColorSignals);
+    log.watch(picker.get(), kSignals);
     swatch->setColors(colorList({ "#654321" }));
     QCOMPARE(log.take(), names({ "hasCustomColorChanged" }));
     QVERIFY(!picker->hasCustomColor());
@@ -249,12 +222,10 @@ void tst_ColorPicker::customColor()
 
 void tst_ColorPicker::providersComeAndGo()
 {
-    Scene scene(kPicker);
-    QVERIFY(scene.isValid());
-    auto *before = scene.find<ColorPickerBase>("picker");
+    Pickers pickers;
+    const auto before = pickers.make();
     auto provider = std::make_unique<Provider>([] { return new EditablePalette(9); });
-    QCOMPARE(keys(before, "palettes"), QList<int> { 1 });
-    const auto between = scene.create(kPicker);
+    const auto between = pickers.make();
     // What makes a palette may be the end of providers, the next one included.
     std::unique_ptr<Provider> victim;
     const Provider murderer([&] {
@@ -264,43 +235,39 @@ void tst_ColorPicker::providersComeAndGo()
     });
     victim = std::make_unique<Provider>([] { return new EditablePalette(11); });
     const Provider survivor([] { return new EditablePalette(12); });
-    const auto after = scene.create(kPicker);
-    QCOMPARE(keys(between.get(), "palettes"), QList<int>({ 1, 9 }));
-    QCOMPARE(keys(after.get(), "palettes"), QList<int>({ 1, 9, 10, 12 }));
+    const auto after = pickers.make();
     QVERIFY(!provider && !victim);
-    QCOMPARE(keys(before, "palettes"), QList<int> { 1 });
+    QCOMPARE(keys(before.get()), QList<int> { 1 });
+    QCOMPARE(keys(between.get()), QList<int>({ 1, 9 }));
+    QCOMPARE(keys(after.get()), QList<int>({ 1, 9, 10, 12 }));
 }
 
-// One for all pickers, whatever their engine, from the first to the last of them.
+// One for all pickers, from the first to the last of them.
 void tst_ColorPicker::defaultProvider()
 {
     const int others = Palette::providers().count();
+    const auto count = [&] { return Palette::providers().count() - others; };
     auto first = std::make_unique<ColorPickerBase>();
-    QCOMPARE(Palette::providers().count(), others + 1);
     const PaletteProvider *shared = Palette::providers().last();
     auto second = std::make_unique<ColorPickerBase>();
     first.reset();
-    QVERIFY(Palette::providers().contains(shared));
-    QCOMPARE(Palette::providers().count(), others + 1);
+    QVERIFY(count() == 1 && Palette::providers().contains(shared));
     second.reset();
-    QCOMPARE(Palette::providers().count(), others);
+    QCOMPARE(count(), 0);
     const ColorPickerBase third;
-    QCOMPARE(Palette::providers().count(), others + 1);
+    QCOMPARE(count(), 1);
 }
 
 void tst_ColorPicker::paletteDestroyed()
 {
-    Scene scene(kPicker);
-    QVERIFY(scene.isValid());
-    auto *picker = scene.find<ColorPickerBase>("picker");
-    picker->setColor(Qt::white);
+    Pickers pickers;
+    const auto picker = pickers.make(QStringLiteral("color: 'white'"));
     QVERIFY(!picker->hasCustomColor());
     SignalLog log;
-    log.watch(picker,
-              { QStringLiteral("palettesChanged"), QStringLiteral("hasCustomColorChanged") });
-    delete QQmlListReference(picker, "palettes").at(0);
+    log.watch(picker.get(), names({ "palettesChanged", "hasCustomColorChanged" }));
+    delete QQmlListReference(picker.get(), "palettes").at(0);
     QCOMPARE(log.take(), names({ "palettesChanged", "hasCustomColorChanged" }));
-    QCOMPARE(QQmlListReference(picker, "palettes").count(), 0);
+    QCOMPARE(keys(picker.get()), QList<int>());
     QVERIFY(picker->hasCustomColor());
 }
 

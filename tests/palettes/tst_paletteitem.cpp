@@ -1,11 +1,12 @@
 // variants: scale2 x11
 #include "palettes/palettes.h"
-#include "palettes/places.h"
 
 #include "support/input.h"
 #include "support/scene.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
+
+#include "palettes/palettelayout_p.h"
 
 #include <TamberUi/GlobalDefaultPalette>
 #include <TamberUi/PaletteItem>
@@ -25,10 +26,8 @@ private Q_SLOTS:
     void looks();
     void follows();
     void reuse();
-    void oneColorChanges();
     void patchesDestroyed();
     void partsGo();
-    void withoutContext();
     void handlersThatChange();
     void handlersThatDestroy();
 };
@@ -50,44 +49,47 @@ private:
     QPointer<QObject> m_victim;
 };
 
-const QString kScene = QStringLiteral(
-    "Rectangle { anchors.fill: parent }\n"
-    "UiColorPickerBase { id: pick; objectName: 'picker' }\n"
-    "UiPaletteItem { objectName: 'item'; x: 20; y: 20; width: 200; colorPicker: pick }\n");
-
-// The patches in display order.
-QVector<QQuickItem *> patches(const QQuickItem *item)
+// A shown palette item, 200 wide, with its picker.
+class ItemScene : public Scene
 {
-    QVector<QQuickItem *> all;
-    const QList<QQuickItem *> children = item->childItems();
-    for (QQuickItem *child : children)
-        all.append(child);
-    const auto key = [](const QQuickItem *patch) {
-        return std::make_pair(patch->property("swatchIndex").toInt(),
-                              patch->property("colorIndex").toInt());
-    };
-    std::sort(all.begin(), all.end(),
-              [&](const QQuickItem *a, const QQuickItem *b) { return key(a) < key(b); });
-    return all;
-}
+public:
+    explicit ItemScene(const QSize &size = QSize(800, 600))
+        : Scene(QStringLiteral("Rectangle { anchors.fill: parent }\n"
+                               "UiColorPickerBase { id: pick; objectName: 'picker' }\n"
+                               "UiPaletteItem { objectName: 'item'; x: 20; y: 20; width: 200\n"
+                               "colorPicker: pick }\n"),
+                size),
+          item(find<PaletteItem>("item")), picker(find<ColorPickerBase>("picker"))
+    {
+    }
 
-QStringList colorsOf(const QQuickItem *item)
-{
-    QStringList names;
-    const QVector<QQuickItem *> all = patches(item);
-    for (const QQuickItem *patch : all)
-        names.append(patch->property("color").value<QColor>().name());
-    return names;
-}
+    /// In display order.
+    QVector<QQuickItem *> patches() const
+    {
+        QVector<QQuickItem *> all = item->childItems().toVector();
+        const auto key = [](const QQuickItem *patch) {
+            return std::make_pair(patch->property("swatchIndex").toInt(),
+                                  patch->property("colorIndex").toInt());
+        };
+        std::sort(all.begin(), all.end(),
+                  [&](const QQuickItem *a, const QQuickItem *b) { return key(a) < key(b); });
+        return all;
+    }
+    /// What each patch has as \a property.
+    QStringList each(const char *property) const
+    {
+        QStringList values;
+        const QVector<QQuickItem *> all = patches();
+        for (const QQuickItem *patch : all)
+            values.append(patch->property(property).toString());
+        return values;
+    }
 
-QStringList statesOf(const QQuickItem *item)
-{
-    QStringList states;
-    const QVector<QQuickItem *> all = patches(item);
-    for (const QQuickItem *patch : all)
-        states.append(patch->property("state").toString());
-    return states;
-}
+    const QPointer<PaletteItem> item;
+    const QPointer<ColorPickerBase> picker;
+};
+
+const QString kSelected = QStringLiteral("selected");
 
 } // namespace
 
@@ -98,94 +100,96 @@ void tst_PaletteItem::initTestCase()
 
 void tst_PaletteItem::places()
 {
-    Scene scene(kScene);
+    ItemScene scene;
     QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
     GlobalDefaultPalette palette;
-    item->setPalette(&palette);
-    const QVector<QQuickItem *> before = patches(item);
+    scene.item->setPalette(&palette);
+    const QVector<QQuickItem *> before = scene.patches();
     QCOMPARE(before.count(), 42);
-    for (qreal width :
-         { 200.0, 0.0, 21.9, 22.0, 44.0, 153.5, 154.0, 159.0, 160.0, 203.0, 5000.0 }) {
-        item->setWidth(width);
-        const Places expected = placesOfPatches({ 6, 8, 8, 6, 4, 10 }, width);
+    for (qreal width : { 0.0, 21.9, 153.5, 5000.0, 200.0 }) {
+        scene.item->setWidth(width);
         QVERIFY(scene.waitForFrame());
-        QCOMPARE(item->implicitHeight(), expected.height);
-        QCOMPARE(patches(item), before);
-        for (int i = 0; i < before.count(); ++i)
-            QCOMPARE(before.at(i)->position(), QPointF(expected.places.at(i)));
+        QCOMPARE(scene.patches(), before);
+        PaletteLayout layout(width);
+        int swatch = 0;
+        for (const QQuickItem *patch : before) {
+            for (; swatch < patch->property("swatchIndex").toInt(); ++swatch)
+                layout.endSwatch();
+            QCOMPARE(patch->position(), QPointF(layout.place(QSizeF(22, 22))));
+        }
+        QCOMPARE(scene.item->implicitHeight(), layout.height());
     }
-    item->setWidth(200);
-    QTRY_COMPARE(before.at(8)->position(), QPointF(0, 27));
     QCOMPARE(before.at(6)->position(), QPointF(137, 0));
-    QCOMPARE(before.at(0)->size(), QSizeF(22, 22));
+    QCOMPARE(before.at(8)->position(), QPointF(0, 27));
 }
 
 void tst_PaletteItem::nothingToShow()
 {
-    Scene scene(kScene);
+    ItemScene scene;
     QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
-    auto *picker = scene.find<ColorPickerBase>("picker");
     SignalLog log;
-    log.watch(item, { QStringLiteral("paletteChanged"), QStringLiteral("colorPickerChanged") });
-    item->setColorPicker(picker);
-    item->setPalette(nullptr);
+    log.watch(scene.item,
+              { QStringLiteral("paletteChanged"), QStringLiteral("colorPickerChanged") });
+    scene.item->setColorPicker(scene.picker);
+    scene.item->setPalette(nullptr);
     QCOMPARE(log.take(), QStringList());
-    item->setColorPicker(nullptr);
+    scene.item->setColorPicker(nullptr);
     GlobalDefaultPalette palette;
-    item->setPalette(&palette);
-    item->setPalette(&palette);
+    scene.item->setPalette(&palette);
+    scene.item->setPalette(&palette);
     QCOMPARE(log.take(), names({ "colorPickerChanged", "paletteChanged" }));
     QVERIFY(scene.waitForFrame());
-    QVERIFY(item->childItems().isEmpty());
-    QCOMPARE(item->implicitHeight(), 0.0);
-    QVERIFY(!item->findChild<QQmlComponent *>());
+    QVERIFY(scene.item->childItems().isEmpty());
+    QCOMPARE(scene.item->implicitHeight(), 0.0);
+    QVERIFY(!scene.item->findChild<QQmlComponent *>());
 
-    item->setColorPicker(picker);
-    QCOMPARE(item->childItems().count(), 42);
-    QTRY_VERIFY(item->implicitHeight() > 0);
-    item->setColorPicker(nullptr);
-    QVERIFY(item->childItems().isEmpty());
-    QTRY_COMPARE(item->implicitHeight(), 0.0);
+    scene.item->setColorPicker(scene.picker);
+    QCOMPARE(scene.item->childItems().count(), 42);
+    QTRY_VERIFY(scene.item->implicitHeight() > 0);
+    scene.item->setColorPicker(nullptr);
+    QVERIFY(scene.item->childItems().isEmpty());
+    QTRY_COMPARE(scene.item->implicitHeight(), 0.0);
+
+    PaletteItem withoutContext(scene.root());
+    withoutContext.setPalette(&palette);
+    withoutContext.setColorPicker(scene.picker);
+    QVERIFY(withoutContext.childItems().isEmpty());
 }
 
 void tst_PaletteItem::choosing()
 {
-    Scene scene(kScene);
+    ItemScene scene;
     QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
-    auto *picker = scene.find<ColorPickerBase>("picker");
     EditablePalette palette;
     palette.add(colorList({ "#ee4f4f", "#5b9555", "#ee4f4f" }));
     palette.add(colorList({ "#123456" }));
-    item->setPalette(&palette);
+    scene.item->setPalette(&palette);
     QVERIFY(scene.waitForFrame());
-    const QVector<QQuickItem *> all = patches(item);
-    const QString s = QStringLiteral("selected");
-    QCOMPARE(statesOf(item), QStringList({ {}, {}, {}, {} }));
+    const QVector<QQuickItem *> all = scene.patches();
+    const QString s = kSelected;
+    QCOMPARE(scene.each("state"), QStringList({ {}, {}, {}, {} }));
 
     click(scene.window(), center(all.at(3)));
-    QCOMPARE(picker->color(), QColor(0x123456));
+    QCOMPARE(scene.picker->color(), QColor(0x123456));
     move(scene.window(), QPoint(500, 500));
-    QCOMPARE(statesOf(item), QStringList({ {}, {}, {}, s }));
+    QCOMPARE(scene.each("state"), QStringList({ {}, {}, {}, s }));
     QCOMPARE(all.at(3)->z(), 1.0);
     QCOMPARE(all.at(0)->z(), 0.0);
-    picker->setColor(QColor(0xee4f4f));
-    QCOMPARE(statesOf(item), QStringList({ s, {}, s, {} })); // both are that colour
-    picker->setIndeterminate(true);
-    QCOMPARE(statesOf(item), QStringList({ {}, {}, {}, {} }));
-    picker->setIndeterminate(false);
+    scene.picker->setColor(QColor(0xee4f4f));
+    QCOMPARE(scene.each("state"), QStringList({ s, {}, s, {} })); // both are that colour
+    scene.picker->setIndeterminate(true);
+    QCOMPARE(scene.each("state"), QStringList({ {}, {}, {}, {} }));
+    scene.picker->setIndeterminate(false);
 
-    picker->setBindable(true);
-    QSignalSpy requests(picker, &ColorPickerBase::updateRequested);
+    scene.picker->setBindable(true);
+    QSignalSpy requests(scene.picker, &ColorPickerBase::updateRequested);
     click(scene.window(), center(all.at(1)));
     QCOMPARE(requests.count(), 1);
     QCOMPARE(requests.first().first().value<QColor>(), QColor(0x5b9555));
-    QCOMPARE(statesOf(item), QStringList({ s, QStringLiteral("hovered"), s, {} }));
+    QCOMPARE(scene.each("state"), QStringList({ s, QStringLiteral("hovered"), s, {} }));
     QCOMPARE(all.at(1)->z(), 2.0); // above the rings of its neighbours
-    picker->setColor(QColor(0x5b9555));
-    QCOMPARE(statesOf(item), QStringList({ {}, s, {}, {} }));
+    scene.picker->setColor(QColor(0x5b9555));
+    QCOMPARE(scene.each("state"), QStringList({ {}, s, {}, {} }));
     QCOMPARE(all.at(1)->z(), 1.0);
 }
 
@@ -193,18 +197,16 @@ void tst_PaletteItem::choosing()
 // edge.
 void tst_PaletteItem::looks()
 {
-    Scene scene(kScene, QSize(300, 100));
+    ItemScene scene(QSize(300, 100));
     QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
-    auto *picker = scene.find<ColorPickerBase>("picker");
     EditablePalette palette;
     for (const char *color : { "#ffffff", "#e5e5e5", "#e6e6e6", "#2040c0" })
         palette.add(colorList({ color }));
-    item->setPalette(&palette);
-    picker->setColor(QColor(0x2040c0));
+    scene.item->setPalette(&palette);
+    scene.picker->setColor(QColor(0x2040c0));
     move(scene.window(), QPoint(200, 80));
     const auto pixel = [&](int patch, int inside) { // from its left edge
-        const QQuickItem *it = patches(item).at(patch);
+        const QQuickItem *it = scene.patches().at(patch);
         const qreal ratio = scene.window()->effectiveDevicePixelRatio();
         const QPointF place = it->mapToScene(QPointF(inside + 0.5, it->height() / 2)) * ratio;
         return scene.window()->grabWindow().pixelColor(int(place.x()), int(place.y()));
@@ -218,7 +220,7 @@ void tst_PaletteItem::looks()
     QCOMPARE(pixel(1, 0), QColor(0xe5e5e5));
     QVERIFY(pixel(2, 0).lightness() < 0xe5);
 
-    move(scene.window(), center(patches(item).at(1)));
+    move(scene.window(), center(scene.patches().at(1)));
     QTRY_COMPARE(pixel(1, -1), QColor(0xBA, 0xD6, 0xBD));
     QTRY_COMPARE(pixel(1, 0), QColor(Qt::white));
 }
@@ -226,15 +228,14 @@ void tst_PaletteItem::looks()
 // Every way in which the colours of a palette become others or change places.
 void tst_PaletteItem::follows()
 {
-    Scene scene(kScene);
+    ItemScene scene;
     QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
     EditablePalette palette;
     auto *first = palette.add(colorList({ "#000001", "#000002" }));
     auto *second = palette.add(colorList({ "#000003" }));
-    item->setPalette(&palette);
+    scene.item->setPalette(&palette);
     const auto show = [&](std::initializer_list<const char *> names) {
-        return colorsOf(item) == ta::test::names(names);
+        return scene.each("color") == ta::test::names(names);
     };
     QVERIFY(show({ "#000001", "#000002", "#000003" }));
     first->setColors(colorList({ "#000002", "#000001" })); // the same set
@@ -254,200 +255,153 @@ void tst_PaletteItem::follows()
 
     // Another palette; the first one is not followed any more.
     GlobalDefaultPalette other;
-    item->setPalette(&other);
-    QCOMPARE(colorsOf(item).count(), 42);
-    const QVector<QQuickItem *> before = patches(item);
+    scene.item->setPalette(&other);
+    QCOMPARE(scene.each("color").count(), 42);
+    const QVector<QQuickItem *> before = scene.patches();
     palette.insertColor(QColor(0x000010));
-    QCOMPARE(patches(item), before);
+    QCOMPARE(scene.patches(), before);
 }
 
-// What is there already is used again, where it is; only the surplus goes.
+// What is there already is used again, where it is, and told only what is new to it.
 void tst_PaletteItem::reuse()
 {
-    Scene scene(kScene);
+    ItemScene scene;
     QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
     EditablePalette palette;
-    auto *swatch = palette.add(colorList({ "red", "lime", "blue", "black" }));
-    item->setPalette(&palette);
-    QVector<QPointer<QQuickItem>> before;
-    const QVector<QQuickItem *> all = patches(item);
-    for (QQuickItem *patch : all) {
-        QCOMPARE(patch->parent(), item);
-        before.append(patch);
-    }
-    palette.insertColor(Qt::white);
-    QCOMPARE(patches(item).mid(0, 4), all);
-    QCOMPARE(patches(item).count(), 5);
-    swatch->setColors(colorList({ "white", "red" }));
-    QCOMPARE(patches(item), all.mid(0, 2));
-    QCOMPARE(item->childItems().count(), 2);
-    QTRY_VERIFY(!before.at(2) && !before.at(3));
-    QVERIFY(before.at(0) && before.at(1));
-    GlobalDefaultPalette other;
-    item->setPalette(&other);
-    QCOMPARE(patches(item).mid(0, 2), all.mid(0, 2));
-    item->setPalette(nullptr);
-    QVERIFY(item->childItems().isEmpty());
-    QTRY_VERIFY(!before.at(0));
-}
-
-void tst_PaletteItem::oneColorChanges()
-{
-    Scene scene(kScene);
-    QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
-    EditablePalette palette;
-    for (int swatch = 0; swatch < 10; ++swatch) {
-        QList<QColor> colors;
-        for (int i = 0; i < 100; ++i)
-            colors.append(QColor(swatch, i, 0));
-        palette.add(colors);
-    }
-    item->setPalette(&palette);
-    const QVector<QQuickItem *> before = patches(item);
+    palette.add(colorList({ "red", "lime", "blue" }));
+    auto *swatch = palette.add(colorList({ "black", "white" }));
+    scene.item->setPalette(&palette);
+    const QVector<QQuickItem *> all = scene.patches();
+    const QVector<QPointer<QQuickItem>> before(all.begin(), all.end());
+    QCOMPARE(all.first()->parent(), scene.item);
     SignalLog log;
-    for (QQuickItem *patch : before)
-        log.watch(patch, { QStringLiteral("colorChanged"), QStringLiteral("colorPickerChanged"),
-                           QStringLiteral("swatchIndexChanged"),
-                           QStringLiteral("colorIndexChanged"), QStringLiteral("parentChanged") });
-    palette.setColor(QColor(0xabcdef), 50, 7);
-    QCOMPARE(patches(item), before);
+    for (QQuickItem *patch : all)
+        log.watch(patch, names({ "colorChanged", "colorPickerChanged", "swatchIndexChanged",
+                                 "colorIndexChanged", "parentChanged" }));
+    palette.setColor(QColor(0xabcdef), 1, 1);
     QCOMPARE(log.take(), names({ "colorChanged" }));
-    QCOMPARE(before.at(750)->property("color").value<QColor>(), QColor(0xabcdef));
+    QCOMPARE(scene.patches(), all);
+    palette.insertColor(Qt::gray, -1, 1);
+    QCOMPARE(scene.patches().mid(0, 5), all);
+    palette.removeSwatch(swatch);
+    QCOMPARE(scene.patches(), all.mid(0, 3));
+    QTRY_VERIFY(!before.at(3) && !before.at(4));
+    scene.item->setPalette(nullptr);
+    QVERIFY(scene.item->childItems().isEmpty());
+    QTRY_VERIFY(!before.at(0));
 }
 
 // Somebody else destroys patches: the next change makes new ones.
 void tst_PaletteItem::patchesDestroyed()
 {
-    Scene scene(kScene);
+    ItemScene scene;
     QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
     EditablePalette palette;
     palette.add(colorList({ "red", "lime", "blue" }));
-    item->setPalette(&palette);
+    scene.item->setPalette(&palette);
     QVERIFY(scene.waitForFrame());
-    delete patches(item).at(1);
-    item->setWidth(40);
+    delete scene.patches().at(1);
+    scene.item->setWidth(40);
     QVERIFY(scene.waitForFrame());
-    QCOMPARE(patches(item).at(1)->position(), QPointF(0, 27));
+    QCOMPARE(scene.patches().at(1)->position(), QPointF(0, 27));
     palette.insertColor(Qt::black);
-    QCOMPARE(colorsOf(item), names({ "#ff0000", "#00ff00", "#0000ff", "#000000" }));
-    qDeleteAll(item->childItems());
+    QCOMPARE(scene.each("color"), names({ "#ff0000", "#00ff00", "#0000ff", "#000000" }));
+    qDeleteAll(scene.item->childItems());
     palette.insertColor(Qt::white);
-    QCOMPARE(item->childItems().count(), 5);
+    QCOMPARE(scene.item->childItems().count(), 5);
 }
 
 // A palette or a picker that is destroyed is none from the next change on; until then the patches
 // rest, without a complaint.
 void tst_PaletteItem::partsGo()
 {
-    Scene scene(kScene);
+    ItemScene scene;
     QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
     auto palette = std::make_unique<EditablePalette>();
     palette->add(colorList({ "black", "lime" }));
-    item->setPalette(palette.get());
-    QCOMPARE(statesOf(item), QStringList({ QStringLiteral("selected"), {} }));
+    scene.item->setPalette(palette.get());
+    QCOMPARE(scene.each("state"), QStringList({ kSelected, {} }));
     QVERIFY(scene.waitForFrame());
     delete scene.find<ColorPickerBase>("picker");
-    QVERIFY(!item->colorPicker());
-    QCOMPARE(statesOf(item), QStringList({ {}, {} }));
-    click(scene.window(), center(patches(item).at(1)));
+    QVERIFY(!scene.item->colorPicker());
+    QCOMPARE(scene.each("state"), QStringList({ {}, {} }));
+    click(scene.window(), center(scene.patches().at(1)));
     palette->insertColor(Qt::red);
-    QVERIFY(item->childItems().isEmpty());
+    QVERIFY(scene.item->childItems().isEmpty());
 
     const auto picker = scene.create(QStringLiteral("UiColorPickerBase {}"));
-    item->setColorPicker(qobject_cast<ColorPickerBase *>(picker.get()));
-    QCOMPARE(item->childItems().count(), 3);
+    scene.item->setColorPicker(qobject_cast<ColorPickerBase *>(picker.get()));
+    QCOMPARE(scene.item->childItems().count(), 3);
     palette.reset();
-    QVERIFY(!item->palette());
+    QVERIFY(!scene.item->palette());
     QVERIFY(scene.waitForFrame());
-    click(scene.window(), center(patches(item).at(1)));
-    QCOMPARE(item->colorPicker()->color(), QColor(Qt::green));
+    click(scene.window(), center(scene.patches().at(1)));
+    QCOMPARE(scene.item->colorPicker()->color(), QColor(Qt::green));
     EditablePalette next;
-    item->setPalette(&next);
-    QVERIFY(item->childItems().isEmpty());
-}
-
-void tst_PaletteItem::withoutContext()
-{
-    Scene scene(kScene);
-    QVERIFY(scene.isValid());
-    PaletteItem item(scene.root());
-    GlobalDefaultPalette palette;
-    item.setPalette(&palette);
-    item.setColorPicker(scene.find<ColorPickerBase>("picker"));
-    item.setWidth(100);
-    QVERIFY(scene.waitForFrame());
-    QVERIFY(item.childItems().isEmpty());
+    scene.item->setPalette(&next);
+    QVERIFY(scene.item->childItems().isEmpty());
 }
 
 // While the patches become those of one palette, a handler sets another one and destroys swatches
 // of the first: what counts is what is set last.
 void tst_PaletteItem::handlersThatChange()
 {
-    Scene scene(kScene);
+    ItemScene scene;
     QVERIFY(scene.isValid());
-    auto *item = scene.find<PaletteItem>("item");
     EditablePalette palette;
     palette.add(colorList({ "red", "lime", "blue" }));
     QPointer<EditableSwatch> second = palette.add(colorList({ "black" }));
     EditablePalette other;
     other.add(colorList({ "white", "gray" }));
-    item->setPalette(&other);
-    connect(item, &QQuickItem::childrenChanged, this, [&] {
-        if (item->palette() == &palette) {
+    scene.item->setPalette(&other);
+    connect(scene.item, &QQuickItem::childrenChanged, this, [&] {
+        if (scene.item->palette() == &palette) {
             delete second;
-            item->setPalette(&other);
+            scene.item->setPalette(&other);
         }
     });
     for (int i = 0; i < 2; ++i) {
-        item->setPalette(&palette);
-        QCOMPARE(colorsOf(item), names({ "#ffffff", "#808080" }));
+        scene.item->setPalette(&palette);
+        QCOMPARE(scene.each("color"), names({ "#ffffff", "#808080" }));
         QVERIFY(!second);
     }
 }
 
 void tst_PaletteItem::handlersThatDestroy()
 {
+    GlobalDefaultPalette palette;
     for (auto signal : { &PaletteItem::paletteChanged, &PaletteItem::colorPickerChanged }) {
-        Scene scene(kScene);
+        ItemScene scene;
         QVERIFY(scene.isValid());
-        QPointer<PaletteItem> item = scene.find<PaletteItem>("item");
-        ColorPickerBase *picker = item->colorPicker();
-        item->setColorPicker(nullptr);
-        GlobalDefaultPalette palette;
-        connect(item, signal, this, [&item] { delete item; });
-        item->setPalette(&palette);
-        if (item)
-            item->setColorPicker(picker);
-        QVERIFY(!item);
+        connect(scene.item, signal, this, [&] { delete scene.item; });
+        if (signal == &PaletteItem::paletteChanged)
+            scene.item->setPalette(&palette);
+        else
+            scene.item->setColorPicker(nullptr);
+        QVERIFY(!scene.item);
     }
 
     // What follows the colours of the patches takes the item with it, in the middle of a rebuild.
     {
-        Scene scene(kScene);
+        ItemScene scene;
         QVERIFY(scene.isValid());
-        QPointer<PaletteItem> item = scene.find<PaletteItem>("item");
-        EditablePalette palette;
-        auto *swatch = palette.add(colorList({ "red", "lime", "blue" }));
-        item->setPalette(&palette);
-        Destroyer destroyer(item);
-        connect(patches(item).at(1), SIGNAL(colorChanged()), &destroyer, SLOT(destroy()));
+        EditablePalette editable;
+        auto *swatch = editable.add(colorList({ "red", "lime", "blue" }));
+        scene.item->setPalette(&editable);
+        Destroyer destroyer(scene.item);
+        connect(scene.patches().at(1), SIGNAL(colorChanged()), &destroyer, SLOT(destroy()));
         swatch->setColors(colorList({ "red", "black", "white" }));
-        QVERIFY(!item);
+        QVERIFY(!scene.item);
     }
 
-    // What follows the places of the patches takes the item with it, in the middle of a layout.
-    Scene scene(kScene);
+    // What follows the places of the patches does, in the middle of a layout.
+    ItemScene scene;
     QVERIFY(scene.isValid());
-    QPointer<PaletteItem> item = scene.find<PaletteItem>("item");
-    GlobalDefaultPalette palette;
-    item->setPalette(&palette);
-    connect(patches(item).at(20), &QQuickItem::xChanged, this, [&] { item->setPalette(nullptr); });
-    connect(item, &QQuickItem::implicitHeightChanged, this, [&item] { delete item; });
-    QTRY_VERIFY(!item);
+    scene.item->setPalette(&palette);
+    connect(scene.patches().at(20), &QQuickItem::xChanged, this,
+            [&] { scene.item->setPalette(nullptr); });
+    connect(scene.item, &QQuickItem::implicitHeightChanged, this, [&] { delete scene.item; });
+    QTRY_VERIFY(!scene.item);
 }
 
 TAMBER_TEST_MAIN(tst_PaletteItem)
