@@ -17,7 +17,8 @@
 
 namespace ta::test {
 
-/// A scene with an object that the test is about. At its end no popup may be open any more.
+/// A scene with an object that the test is about. At its end none of its popups may be
+/// open any more.
 class PopupScene : public Scene
 {
 protected:
@@ -25,7 +26,8 @@ protected:
     ~PopupScene()
     {
         destroyWindow();
-        if (ta::ui::PopupStack::top() && ta::ui::PopupStack::top() != m_openBefore)
+        const QObject *top = ta::ui::PopupStack::top();
+        if (top && qmlEngine(top) == &engine())
             qWarning("A popup is left on the stack");
     }
 
@@ -37,9 +39,6 @@ protected:
             qFatal("The scene has no %s", objectName);
         return object;
     }
-
-private:
-    const QPointer<QObject> m_openBefore = ta::ui::PopupStack::top();
 };
 
 /// With a menu called "menu".
@@ -49,6 +48,23 @@ public:
     explicit MenuScene(const QString &body) : PopupScene(body) {}
 
     const QPointer<ta::ui::ContextMenu> menu = get<ta::ui::ContextMenu>("menu");
+
+    /// The visible frame; null while the menu is closed.
+    QQuickItem *frame() const { return frameOf(menu); }
+    static QQuickItem *frameOf(const ta::ui::ContextMenu *menu)
+    {
+        QQuickItem *item = menu ? menu->rootItem() : nullptr;
+        return item ? item->property("popup").value<QQuickItem *>() : nullptr;
+    }
+
+    /// A right click, and the frame in which the entries of the menu, if it opens, have found their
+    /// places.
+    void open(const QPoint &position = QPoint(150, 150)) const
+    {
+        click(window(), position, Qt::RightButton);
+        if (frame())
+            QTRY_VERIFY(frame()->height() > 6);
+    }
 };
 
 /// With a dialog called "dialog".

@@ -115,6 +115,8 @@ void tst_AboveDialogs::openAbove(const QString &kind)
     else
         m_anchor->show();
     QVERIFY(m_scene->waitForFrame());
+    if (const QQuickItem *frame = MenuScene::frameOf(m_menu))
+        QTRY_VERIFY(frame->height() > 6);
     QVERIFY(isOpenAbove() && PopupStack::top() != m_dialog);
     QCOMPARE(hasFocus("first"), m_anchor->isPopupVisible());
 }
