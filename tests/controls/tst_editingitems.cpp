@@ -41,7 +41,6 @@ void tst_EditingItems::oddEditors()
     for (const auto &row : rows) {
         const QString shown = QLatin1String(row.shown);
         Edits scene;
-        QVERIFY(scene.isValid());
         scene.edit->setText(QStringLiteral("kept"));
         const auto object = scene.create(QLatin1String(row.editor));
         auto *item = qobject_cast<QQuickItem *>(object.get());
@@ -65,7 +64,6 @@ void tst_EditingItems::oddEditors()
 void tst_EditingItems::circles()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     scene.edit->setTextInput(nullptr);
     scene.edit->forceActiveFocus();
     QCOMPARE(scene.edit->editText(), QString());
@@ -83,7 +81,6 @@ void tst_EditingItems::circles()
 void tst_EditingItems::replacedEditor()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     const auto plain = scene.create(QStringLiteral("Item { property string name: 'mine' }"));
     auto *item = qobject_cast<QQuickItem *>(plain.get());
     item->setParentItem(scene.edit);
@@ -124,7 +121,6 @@ void tst_EditingItems::replacedEditor()
 void tst_EditingItems::replacedInTheMiddle()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     scene.edit->setText(QStringLiteral("old"));
     scene.edit->forceActiveFocus(Qt::TabFocusReason);
     scene.type("half");
@@ -155,7 +151,6 @@ void tst_EditingItems::destroyedWithFocus()
          { "TextInput {}", "TextInput { property int more: 3; onTextChanged: more = length }",
            kFake }) {
         Edits scene;
-        QVERIFY(scene.isValid());
         auto object = scene.create(QLatin1String(editor));
         auto *item = qobject_cast<QQuickItem *>(object.get());
         item->setParentItem(scene.edit);
@@ -190,7 +185,6 @@ void tst_EditingItems::destroyedWithFocus()
 void tst_EditingItems::longText()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     const QString text(1000000, QLatin1Char('w'));
     scene.input->setVisible(false); // laying it out is Qt's own affair
     scene.input->setProperty("maximumLength", text.length());
@@ -233,7 +227,6 @@ void tst_EditingItems::handlersThatDestroy()
         for (const QString &signal : way.signalNames) {
             for (bool editorOnly : { false, true }) {
                 Edits scene;
-                QVERIFY(scene.isValid());
                 scene.edit->setBindable(way.bindable);
                 scene.input->setProperty("text", QStringLiteral("typed"));
                 const QPointer<QQuickItem> victim = editorOnly ? scene.input : scene.edit.data();

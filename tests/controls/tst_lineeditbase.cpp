@@ -39,7 +39,6 @@ void compose(QObject *editor, const QString &preedit, const QString &commit)
 void tst_LineEditBase::typing()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     move(scene.window(), QPoint(120, 105)); // hovered all the time
     SignalLog log;
     log.watch(scene.edit);
@@ -88,7 +87,6 @@ void tst_LineEditBase::keysThatEnd()
     for (const auto &row : rows) {
         Edits scene(QStringLiteral("property int passed: 0; Keys.onPressed: ++passed\n")
                     + QLatin1String(kEdits));
-        QVERIFY(scene.isValid());
         scene.edit->setText(QStringLiteral("old"));
         click(scene.window(), center(scene.input));
         QTest::keyClick(scene.window(), Qt::Key_End);
@@ -110,7 +108,6 @@ void tst_LineEditBase::bindable()
 {
     Edits scene(QStringLiteral("property string stored: 'old'; property bool follow: false\n")
                 + QLatin1String(kEdits));
-    QVERIFY(scene.isValid());
     scene.edit->setBindable(true);
     scene.edit->setText(QStringLiteral("old"));
     SignalLog log;
@@ -160,7 +157,6 @@ void tst_LineEditBase::focusReasons()
                           .replace(QLatin1String("Item {"),
                                    QLatin1String("Item { id: input; objectName: 'input';"))
                     + QLatin1String("}"));
-        QVERIFY(scene.isValid());
         QCOMPARE(scene.cursor(), 0);
         scene.edit->forceActiveFocus(row.reason);
         QVERIFY(scene.input->hasActiveFocus());
@@ -176,7 +172,6 @@ void tst_LineEditBase::focusReasons()
 void tst_LineEditBase::writtenText()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     const auto fake = scene.create(QLatin1String(kFake));
     auto *editor = qobject_cast<QQuickItem *>(fake.get());
     editor->setParentItem(scene.edit);
@@ -208,7 +203,6 @@ void tst_LineEditBase::composedText()
 {
     const QString kana = QStringLiteral("\u304b\u306a");
     Edits scene;
-    QVERIFY(scene.isValid());
     scene.edit->forceActiveFocus();
     compose(scene.input, kana, QString());
     QCOMPARE(scene.edit->editText(), QString());
@@ -236,7 +230,6 @@ void tst_LineEditBase::composedText()
 void tst_LineEditBase::undoAfterRevert()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     scene.edit->setText(QStringLiteral("old"));
     scene.edit->forceActiveFocus();
     QTest::keyClick(scene.window(), Qt::Key_End);
@@ -253,7 +246,6 @@ void tst_LineEditBase::undoAfterRevert()
 void tst_LineEditBase::validator()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     QVERIFY(scene.edit->hasAcceptableInput());
     const auto bounds = scene.create(QStringLiteral("IntValidator { bottom: 10; top: 99 }"));
     SignalLog log;
@@ -279,7 +271,6 @@ void tst_LineEditBase::validator()
 void tst_LineEditBase::hoverAndDisabling()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     QCOMPARE(scene.edit->cursor().shape(), Qt::IBeamCursor);
     SignalLog log;
     log.watch(scene.edit, names({ "hoveredChanged" }));

@@ -18,7 +18,6 @@ class tst_Kit : public TestCase
 
 private Q_SLOTS:
     void initTestCase();
-    void registration();
     void secondEngine();
     void fontFamily();
     void statesLookDifferent_data();
@@ -35,20 +34,6 @@ void tst_Kit::initTestCase()
     Scene::useKit();
 }
 
-void tst_Kit::registration()
-{
-    Scene scene(QStringLiteral(
-        "property int style: Ui.SecondaryPushButtonStyle\n"
-        "property color ink: UiColors.getColor(UiColors.DarkGrey80)\n"
-        "UiText {} UiPushButton {} UiToolButton {} UiCheckBox {} UiHorizontalSeparator {}\n"
-        "UiLoadIndicator {} UiComboBox {} UiInfoTip {} UiPopupAnchor {}\n"
-        "UiSlider {} UiDefaultSlider {} UiIcon {} UiBorder {} UiCheckerBoard {} UiThumbnail {}"));
-    QVERIFY(scene.isValid());
-    QCOMPARE(scene.root()->property("style").toInt(), 2);
-    QCOMPARE(scene.root()->property("ink").value<QColor>(), QColor(0x33, 0x33, 0x33));
-    QCOMPARE(scene.root()->childItems().count(), 15);
-}
-
 // Engines share nothing that dies with one of them.
 void tst_Kit::secondEngine()
 {
@@ -56,10 +41,8 @@ void tst_Kit::secondEngine()
         "UiPushButton { objectName: 'button'; text: 'OK' }\n"
         "UiComboBox { objectName: 'combo'; model: ['Apple', 'Banana'] }");
     Scene first(body);
-    QVERIFY(first.isValid());
     {
         Scene second(body);
-        QVERIFY(second.isValid());
         QMetaObject::invokeMethod(second.find("combo"), "show");
         QVERIFY(second.find("combo")->property("popupVisible").toBool());
     }
@@ -75,7 +58,6 @@ void tst_Kit::fontFamily()
                                "property font regular: UiFonts.getFont(UiFonts.Regular, 20)\n"
                                "property font semiBold: UiFonts.getFont(UiFonts.SemiBold, 20)\n"
                                "property font italic: UiFonts.getFont(UiFonts.LightItalic, 20)"));
-    QVERIFY(scene.isValid());
     const struct
     {
         const char *name;
@@ -124,7 +106,6 @@ void tst_Kit::statesLookDifferent()
     Scene scene(QStringLiteral("Rectangle { anchors.fill: parent }") + control
                     + QStringLiteral("; objectName: 'control'; x: 50; y: 50 }"),
                 QSize(400, 350));
-    QVERIFY(scene.isValid());
     auto *item = scene.find("control");
     QHash<QByteArray, QImage> pictures;
     const auto take = [&](const QByteArray &name) {
@@ -188,7 +169,6 @@ void tst_Kit::accessibility()
     QFETCH(QString, action);
     QFETCH(QString, signal);
     Scene scene(control + QStringLiteral("; objectName: 'control' }"));
-    QVERIFY(scene.isValid());
     auto *item = scene.find("control");
     QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(item);
     QVERIFY(accessible);
@@ -213,7 +193,6 @@ void tst_Kit::accessibleActionsNeedAnAbleControl()
     for (const char *properties : { "enabled: false", "readOnly: true" }) {
         Scene scene(
             QStringLiteral("UiCheckBox { objectName: 'box'; %1 }").arg(QLatin1String(properties)));
-        QVERIFY(scene.isValid());
         auto *box = scene.find("box");
         SignalLog log;
         log.watch(box, { QStringLiteral("clicked") });
@@ -230,7 +209,6 @@ void tst_Kit::focusFrame()
     Scene scene(QStringLiteral("Rectangle { anchors.fill: parent }"
                                "UiPushButton { objectName: 'button'; x: 50; y: 20; text: 'Go' }"),
                 QSize(300, 100));
-    QVERIFY(scene.isValid());
     auto *button = scene.find("button");
     const auto framed = [&] {
         const QImage picture = scene.window()->grabWindow();
@@ -255,7 +233,6 @@ void tst_Kit::infoTip()
                            "need at least two lines, as hints do.' } }")
                 .arg(position.x())
                 .arg(position.y()));
-        QVERIFY(scene.isValid());
         auto *anchor = scene.find<PopupAnchor>("tip");
         anchor->show();
         const QQuickItem *tip = anchor->popupItem();

@@ -48,7 +48,6 @@ void tst_KitSplitter::init()
         "minimumSize: 100; minimumRest: 80\n"
         "first: Item { objectName: 'first'; anchors.fill: parent }\n"
         "second: Item { objectName: 'second'; anchors.fill: parent } }"));
-    QVERIFY(m_scene->isValid());
     m_splitter = m_scene->find("splitter");
     m_handle = m_scene->find<DragHandle>("splitterHandle");
     m_log.take();
