@@ -335,7 +335,6 @@ void tst_DefaultSlider::antialiasingSwitches()
 void tst_DefaultSlider::softEdges()
 {
     Scene scene(sliderQml("antialiasing: true; handleOpacity: 0"), kWindow);
-    QVERIFY(scene.isValid());
     const QImage image = scene.window()->grabWindow();
     const int scale = int(image.devicePixelRatio());
     // The track's upper edge is at 10 + 8.5, its lower one at 10 + 11.5; in between, the pixels'
@@ -363,7 +362,6 @@ void tst_DefaultSlider::hardEdges()
     Scene scene(sliderQml("value: 0.25; valueBarVisible: true; valueBarOrigin: 0.5;"
                           "handleWidth: 4; trackMaximumColor: '#ff0'; valueBarHeight: 6"),
                 kWindow);
-    QVERIFY(scene.isValid());
     const QImage image = scene.window()->grabWindow();
     const auto at = [&](double x, double y) { return pixel(image, QPointF(20 + x, 10 + y)); };
     // Every pixel is one colour or another: the handle, x 24 to 28 around 26; the bar, from there
@@ -390,7 +388,6 @@ void tst_DefaultSlider::hardEdges()
 void tst_DefaultSlider::blending()
 {
     Scene scene(sliderQml("handleWidth: 8; handleOpacity: 0.5; trackHeight: 4"), kWindow);
-    QVERIFY(scene.isValid());
     auto *slider = scene.find<DefaultSlider>("slider");
     const QPointF handle(20 + 49.5, 15.5);
     const QPointF track(20 + 80.5, 20.5);
@@ -414,7 +411,6 @@ void tst_DefaultSlider::blending()
 void tst_DefaultSlider::followsInput()
 {
     Scene scene(sliderQml("antialiasing: true; handleWidth: 5"), kWindow);
-    QVERIFY(scene.isValid());
     auto *slider = scene.find<DefaultSlider>("slider");
     const auto colorAt = [&](double x, double y) {
         return pixel(scene.window()->grabWindow(), QPointF(20 + x, 10 + y));
@@ -451,12 +447,10 @@ void tst_DefaultSlider::followsInput()
 void tst_DefaultSlider::anotherWindow()
 {
     Scene first(sliderQml("antialiasing: true; handleWidth: 5"), kWindow);
-    QVERIFY(first.isValid());
     const QPointF place(20 + 49.5, 15.5);
     const QImage before = first.window()->grabWindow();
     {
         Scene second(sliderQml("handleWidth: 5; visible: false"), kWindow);
-        QVERIFY(second.isValid());
         QVERIFY(isNear(pixel(second.window()->grabWindow(), place), Qt::white));
         auto *slider = first.find<DefaultSlider>("slider");
         slider->setParentItem(second.root());
@@ -475,7 +469,6 @@ void tst_DefaultSlider::handlersThatDestroy()
 {
     for (const char *property : { "value", "handleOpacity", "trackHeight", "valueBarOrigin" }) {
         Scene scene(sliderQml("antialiasing: true"), kWindow);
-        QVERIFY(scene.isValid());
         QPointer<DefaultSlider> slider = scene.find<DefaultSlider>("slider");
         const auto destroy = [&] { delete slider.data(); };
         connect(slider, &SliderBase::valueChanged, destroy);
