@@ -24,7 +24,5 @@ UiPushButton {
         y: root.height
         autoLayout: true
         triggerItem: root
-
-        onAboutToHide: if (popupItem && popupItem.activeFocus) root.forceActiveFocus()
     }
 }

@@ -14,13 +14,6 @@ UiButtonBase {
     width: 23
     activeFocusOnTab: false
 
-    Rectangle {
-        anchors.fill: parent
-        color: UiColors.getColor(root.pressed ? UiColors.SelectionGreen : UiColors.HoverGreen)
-        radius: 2
-        visible: root.pressed || root.hovered
-    }
-
     Image {
         id: picture
 

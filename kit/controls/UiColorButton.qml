@@ -101,9 +101,6 @@ UiButtonBase {
         objectName: root.objectName === "" ? "" : root.objectName + "Popup"
         triggerItem: root
 
-        // The popup leaves the focus where it was taken from.
-        onAboutToHide: if (popupItem && popupItem.activeFocus) root.forceActiveFocus()
-
         Component {
             FocusScope {
                 width: implicitWidth

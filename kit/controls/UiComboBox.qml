@@ -247,9 +247,6 @@ UiButtonBase {
         objectName: root.objectName === "" ? "" : root.objectName + "Popup"
         triggerItem: root
 
-        // A press between the rows gives the list the focus; it goes back where the keys are handled.
-        onAboutToHide: if (popupItem && popupItem.activeFocus) root.forceActiveFocus()
-
         Component {
             ComboBoxList {
                 comboBox: root

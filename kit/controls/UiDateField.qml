@@ -121,8 +121,6 @@ UiButtonBase {
         objectName: root.objectName === "" ? "" : root.objectName + "Popup"
         triggerItem: root
 
-        onAboutToHide: if (popupItem && popupItem.activeFocus) root.forceActiveFocus()
-
         Component {
             DateFieldPopup {
                 field: root

@@ -46,7 +46,8 @@ UiLineEditBase {
     onTextInputChanged: if (textInput === input) input.text = text
 
     Rectangle {
-        anchors.fill: parent
+        width: root.width
+        height: root.height
         border.color: UiColors.getColor(!root.enabled ? UiColors.DisabledLightGrey13
                                        : root.invalid ? UiColors.WarningRed
                                        : root.hovered ? UiColors.DarkBlueGrey
@@ -56,18 +57,29 @@ UiLineEditBase {
         radius: 3
     }
 
-    Text {
-        anchors.fill: input
-        color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
-        elide: Text.ElideRight
-        font: input.font
-        horizontalAlignment: input.effectiveHorizontalAlignment
-        leftPadding: input.leftPadding
-        rightPadding: input.rightPadding
-        text: root.placeHolderText
-        textFormat: Text.PlainText
-        verticalAlignment: Text.AlignVCenter
-        visible: input.displayText === ""
+    // Most fields have none.
+    UiLoader {
+        x: input.x
+        width: input.width
+        height: root.height
+        sourceComponent: root.placeHolderText === "" ? null : placeHolder
+
+        Component {
+            id: placeHolder
+
+            Text {
+                color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
+                elide: Text.ElideRight
+                font: input.font
+                horizontalAlignment: input.effectiveHorizontalAlignment
+                leftPadding: input.leftPadding
+                rightPadding: input.rightPadding
+                text: root.placeHolderText
+                textFormat: Text.PlainText
+                verticalAlignment: Text.AlignVCenter
+                visible: input.displayText === ""
+            }
+        }
     }
 
     TextInput {
@@ -93,5 +105,16 @@ UiLineEditBase {
         onTextChanged: if (!activeFocus) cursorPosition = 0
     }
 
-    FocusFrame {}
+    // What is typed in is framed whatever brought the focus, which is all that a FocusFrame is for.
+    Rectangle {
+        x: -2
+        y: -2
+        width: root.width + 4
+        height: root.height + 4
+        border.color: UiColors.getColor(UiColors.FocusColor)
+        border.width: 2
+        color: "transparent"
+        radius: 4
+        visible: input.activeFocus
+    }
 }

@@ -32,6 +32,7 @@ FocusScope {
     readonly property bool invalid: error || isNaN(numbers.parseNumber(field.typedText))
     readonly property double stepSize: Math.pow(10, -decimals)
 
+    property int heldStep: 0
     property int wheelTurn: 0
 
     signal updateRequested(double newValue)
@@ -69,6 +70,17 @@ FocusScope {
             field.selectAll()
     }
 
+    // An arrow steps at once, and then again and again while it is held.
+    function hold(pressed, count) {
+        heldStep = count
+        repetition.interval = 400
+        repetition.running = pressed
+        if (!pressed)
+            return
+        field.forceActiveFocus(Qt.MouseFocusReason)
+        step(count)
+    }
+
     implicitWidth: 120
     implicitHeight: 32
 
@@ -102,13 +114,14 @@ FocusScope {
     UiLineEdit {
         id: field
 
-        anchors.fill: parent
+        width: root.width
+        height: root.height
         bindable: true
         error: root.invalid
         focus: true
         inputMethodHints: Qt.ImhFormattedNumbersOnly
         objectName: root.objectName === "" ? "" : root.objectName + "Field"
-        rightInset: up.width + (unitText.text === "" ? 0 : unitText.width)
+        rightInset: up.width + unitLoader.width
         text: numbers.displayString
 
         Accessible.ignored: true
@@ -117,17 +130,37 @@ FocusScope {
         onUpdateRequested: if (newValue !== numbers.displayString) root.pick(numbers.parseNumber(newValue))
     }
 
-    Text {
-        id: unitText
+    UiLoader {
+        id: unitLoader
 
-        anchors.right: up.left
-        anchors.rightMargin: 6
-        height: parent.height
-        color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
-        font: UiFonts.getFont(UiFonts.Regular, 14)
-        text: root.unit
-        textFormat: Text.PlainText
-        verticalAlignment: Text.AlignVCenter
+        x: up.x - width - 6
+        height: root.height
+        sourceComponent: root.unit === "" ? null : unitText
+
+        Component {
+            id: unitText
+
+            Text {
+                color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
+                font: UiFonts.getFont(UiFonts.Regular, 14)
+                text: root.unit
+                textFormat: Text.PlainText
+                verticalAlignment: Text.AlignVCenter
+            }
+        }
+    }
+
+    // The ground of the arrow that the pointer is over; it is over one at most.
+    Rectangle {
+        readonly property Item arrow: down.hovered || down.pressed ? down : up
+
+        x: up.x
+        y: arrow.y
+        width: up.width
+        height: arrow.height
+        color: UiColors.getColor(arrow.pressed ? UiColors.SelectionGreen : UiColors.HoverGreen)
+        radius: 2
+        visible: arrow.hovered || arrow.pressed
     }
 
     SpinBoxArrow {
@@ -140,7 +173,7 @@ FocusScope {
         offset: 1
         source: "qrc:/ui/images/spinbox-arrow-up.png"
 
-        onPressedChanged: repetition.press(pressed, 1)
+        onPressedChanged: root.hold(pressed, 1)
     }
 
     SpinBoxArrow {
@@ -153,30 +186,17 @@ FocusScope {
         offset: -1
         source: "qrc:/ui/images/spinbox-arrow-down.png"
 
-        onPressedChanged: repetition.press(pressed, -1)
+        onPressedChanged: root.hold(pressed, -1)
     }
 
-    // A press steps at once, and then again and again while it is held.
     Timer {
         id: repetition
-
-        property int count: 0
-
-        function press(pressed, stepCount) {
-            count = stepCount
-            interval = 400
-            running = pressed
-            if (!pressed)
-                return
-            field.forceActiveFocus(Qt.MouseFocusReason)
-            root.step(count)
-        }
 
         repeat: true
 
         onTriggered: {
             interval = 60
-            root.step(count)
+            root.step(root.heldStep)
         }
     }
 

@@ -1,9 +1,7 @@
+#include "controls/lineedits.h"
 #include "support/input.h"
-#include "support/scene.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
-
-#include <TamberUi/LineEditBase>
 
 #include <QtGui/QCursor>
 
@@ -16,76 +14,22 @@ class tst_LineEditBase : public TestCase
 
 private Q_SLOTS:
     void typing();
-    void keysThatEnd_data();
     void keysThatEnd();
     void bindable();
-    void focusReasons_data();
     void focusReasons();
-    void tabbing();
     void writtenText();
     void composedText();
     void undoAfterRevert();
     void validator();
     void hoverAndDisabling();
-    void oddEditors_data();
-    void oddEditors();
-    void replacedEditor();
-    void replacedInTheMiddle();
-    void destroyedWithFocus_data();
-    void destroyedWithFocus();
-    void longText();
-    void handlersThatDestroy_data();
-    void handlersThatDestroy();
 };
 
 namespace {
-
-const char kEdits[] =
-    "UiLineEditBase { objectName: 'edit'; x: 100; y: 100; width: 200; height: 30; textInput: "
-    "input\n"
-    "TextInput { id: input; objectName: 'input'; anchors.fill: parent; activeFocusOnTab: true;"
-    "selectByMouse: true } }\n"
-    "UiLineEditBase { objectName: 'other'; x: 100; y: 200; width: 200; height: 30; textInput: "
-    "second\n"
-    "TextInput { id: second; objectName: 'second'; anchors.fill: parent; activeFocusOnTab: true } "
-    "}\n";
-
-// An editing item that does nothing by itself and tells what is done to it.
-const char kFake[] = "Item { property string text; property int cursorPosition: 7;"
-                     "property bool acceptableInput: true; property int selections: 0\n"
-                     "function selectAll() { ++selections } }";
-
-struct Edits : Scene
-{
-    explicit Edits(const QString &body = QLatin1String(kEdits)) : Scene(body)
-    {
-        edit = find<LineEditBase>("edit");
-        input = find("input");
-    }
-
-    void type(const char *text)
-    {
-        for (const char *c = text; *c; ++c)
-            QTest::keyClick(window(), *c);
-    }
-    QString typed() const { return input->property("text").toString(); }
-    int cursor() const { return input->property("cursorPosition").toInt(); }
-    QString selected() const { return input->property("selectedText").toString(); }
-
-    QPointer<LineEditBase> edit;
-    QPointer<QQuickItem> input;
-};
 
 void compose(QObject *editor, const QString &preedit, const QString &commit)
 {
     QInputMethodEvent event(preedit, {});
     event.setCommitString(commit);
-    QCoreApplication::sendEvent(editor, &event);
-}
-
-void sendFocusOut(QObject *editor)
-{
-    QFocusEvent event(QEvent::FocusOut, Qt::OtherFocusReason);
     QCoreApplication::sendEvent(editor, &event);
 }
 
@@ -95,7 +39,7 @@ void sendFocusOut(QObject *editor)
 void tst_LineEditBase::typing()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
+    move(scene.window(), QPoint(120, 105)); // hovered all the time
     SignalLog log;
     log.watch(scene.edit);
     scene.edit->forceActiveFocus(Qt::TabFocusReason);
@@ -110,55 +54,60 @@ void tst_LineEditBase::typing()
     QCOMPARE(scene.cursor(), 0);
     QCOMPARE(log.take(), names({ "textChanged", "emptyChanged" }));
 
-    // Nothing new is nothing to announce.
+    // Nothing new is nothing to announce. Tab selects, a press puts the cursor.
     QTest::keyClick(scene.window(), Qt::Key_Tab, Qt::ShiftModifier);
+    QCOMPARE(scene.selected(), QStringLiteral("word"));
     QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QCOMPARE(scene.selected(), QString());
+    click(scene.window(), QPoint(120, 105));
+    QVERIFY(scene.input->hasActiveFocus());
+    QCOMPARE(scene.selected(), QString());
+    QVERIFY(scene.cursor() > 0);
     QCOMPARE(log.take(), QStringList());
-    QTest::keyClick(scene.window(), Qt::Key_Tab, Qt::ShiftModifier);
+    scene.edit->selectAll();
     QTest::keyClick(scene.window(), Qt::Key_Delete);
     QTest::keyClick(scene.window(), Qt::Key_Tab);
     QCOMPARE(log.take(), names({ "textChanged", "emptyChanged" }));
     QVERIFY(scene.edit->isEmpty());
 }
 
-void tst_LineEditBase::keysThatEnd_data()
-{
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("signalNames");
-    const QStringList returned = names({ "textChanged", "returnPressed" });
-    QTest::newRow("Return") << Qt::Key_Return << QStringLiteral("oldnew") << returned;
-    QTest::newRow("Enter") << Qt::Key_Enter << QStringLiteral("oldnew") << returned;
-    QTest::newRow("Escape") << Qt::Key_Escape << QStringLiteral("old") << QStringList();
-}
-
 void tst_LineEditBase::keysThatEnd()
 {
-    QFETCH(Qt::Key, key);
-    Edits scene(QStringLiteral("property int passed: 0; Keys.onPressed: ++passed\n")
-                + QLatin1String(kEdits));
-    QVERIFY(scene.isValid());
-    scene.edit->setText(QStringLiteral("old"));
-    click(scene.window(), center(scene.input));
-    QTest::keyClick(scene.window(), Qt::Key_End);
-    scene.type("new");
-    SignalLog log;
-    log.watch(scene.edit);
-    const int passed = scene.root()->property("passed").toInt();
-    QTest::keyClick(scene.window(), key);
-    QTEST(scene.edit->text(), "text");
-    QTEST(scene.typed(), "text");
-    QTEST(log.take(), "signalNames");
-    QVERIFY(!scene.input->hasActiveFocus() && !scene.edit->hasActiveFocus());
-    QCOMPARE(scene.cursor(), 0);
-    QCOMPARE(scene.root()->property("passed").toInt(), passed);
+    const QStringList returned = names({ "textChanged", "returnPressed" });
+    const struct
+    {
+        Qt::Key key;
+        const char *text;
+        QStringList signalNames;
+    } rows[] = {
+        { Qt::Key_Return, "oldnew", returned },
+        { Qt::Key_Enter, "oldnew", returned },
+        { Qt::Key_Escape, "old", {} },
+    };
+    for (const auto &row : rows) {
+        Edits scene(QStringLiteral("property int passed: 0; Keys.onPressed: ++passed\n")
+                    + QLatin1String(kEdits));
+        scene.edit->setText(QStringLiteral("old"));
+        click(scene.window(), center(scene.input));
+        QTest::keyClick(scene.window(), Qt::Key_End);
+        scene.type("new");
+        SignalLog log;
+        log.watch(scene.edit);
+        const QVariant passed = scene.root()->property("passed");
+        QTest::keyClick(scene.window(), row.key);
+        QCOMPARE(scene.edit->text(), QLatin1String(row.text));
+        QCOMPARE(scene.typed(), scene.edit->text());
+        QCOMPARE(log.take(), row.signalNames);
+        QVERIFY(!scene.input->hasActiveFocus() && !scene.edit->hasActiveFocus());
+        QCOMPARE(scene.cursor(), 0);
+        QCOMPARE(scene.root()->property("passed"), passed);
+    }
 }
 
 void tst_LineEditBase::bindable()
 {
     Edits scene(QStringLiteral("property string stored: 'old'; property bool follow: false\n")
                 + QLatin1String(kEdits));
-    QVERIFY(scene.isValid());
     scene.edit->setBindable(true);
     scene.edit->setText(QStringLiteral("old"));
     SignalLog log;
@@ -188,67 +137,41 @@ void tst_LineEditBase::bindable()
     QCOMPARE(shown.last(), QStringLiteral("B|B"));
 }
 
-void tst_LineEditBase::focusReasons_data()
-{
-    QTest::addColumn<Qt::FocusReason>("reason");
-    QTest::addColumn<int>("first"); // selections of a line edit that has not been edited before
-    QTest::addColumn<int>("direct"); // and of its editing item, when the focus goes to that
-    QTest::newRow("Mouse") << Qt::MouseFocusReason << 0 << 0;
-    QTest::newRow("Tab") << Qt::TabFocusReason << 2 << 1;
-    QTest::newRow("Backtab") << Qt::BacktabFocusReason << 2 << 1;
-    QTest::newRow("ActiveWindow") << Qt::ActiveWindowFocusReason << 1 << 0;
-    QTest::newRow("Popup") << Qt::PopupFocusReason << 1 << 0;
-    QTest::newRow("Shortcut") << Qt::ShortcutFocusReason << 1 << 0;
-    QTest::newRow("Other") << Qt::OtherFocusReason << 1 << 0;
-}
-
+// Selects, or leaves the cursor where a press has put it.
 void tst_LineEditBase::focusReasons()
 {
-    QFETCH(Qt::FocusReason, reason);
-    Edits scene(QStringLiteral("UiLineEditBase { objectName: 'edit'; textInput: input\n")
-                + QString(QLatin1String(kFake))
-                      .replace(QLatin1String("Item {"),
-                               QLatin1String("Item { id: input; objectName: 'input';"))
-                + QLatin1String("}"));
-    QVERIFY(scene.isValid());
-    QCOMPARE(scene.cursor(), 0);
-    scene.edit->forceActiveFocus(reason);
-    QVERIFY(scene.input->hasActiveFocus());
-    QTEST(scene.input->property("selections").toInt(), "first");
-    scene.edit->setFocus(false);
-    scene.input->setProperty("selections", 0);
-    scene.input->forceActiveFocus(reason);
-    QTEST(scene.input->property("selections").toInt(), "direct");
-}
-
-// Into a field and out again, in both directions; a press puts the cursor, Tab selects.
-void tst_LineEditBase::tabbing()
-{
-    Edits scene;
-    QVERIFY(scene.isValid());
-    scene.edit->setText(QStringLiteral("a text of some words"));
-    QTest::keyClick(scene.window(), Qt::Key_Tab);
-    QVERIFY(scene.input->hasActiveFocus());
-    QCOMPARE(scene.selected(), scene.edit->text());
-    QTest::keyClick(scene.window(), Qt::Key_Tab);
-    QVERIFY(scene.find("second")->hasActiveFocus());
-    QCOMPARE(scene.selected(), QString());
-    QTest::keyClick(scene.window(), Qt::Key_Tab, Qt::ShiftModifier);
-    QCOMPARE(scene.selected(), scene.edit->text());
-    QTest::keyClick(scene.window(), Qt::Key_Tab);
-    click(scene.window(), QPoint(120, 105));
-    QVERIFY(scene.input->hasActiveFocus());
-    QCOMPARE(scene.selected(), QString());
-    QVERIFY(scene.cursor() > 0 && scene.cursor() < scene.edit->text().length());
-    scene.edit->selectAll();
-    QCOMPARE(scene.selected(), scene.edit->text());
+    const struct
+    {
+        Qt::FocusReason reason;
+        int first; // selections of a line edit that has not been edited before
+        int direct; // and of its editing item, when the focus goes to that
+    } rows[] = {
+        { Qt::MouseFocusReason, 0, 0 },   { Qt::TabFocusReason, 2, 1 },
+        { Qt::BacktabFocusReason, 2, 1 }, { Qt::ActiveWindowFocusReason, 1, 0 },
+        { Qt::PopupFocusReason, 1, 0 },   { Qt::ShortcutFocusReason, 1, 0 },
+        { Qt::OtherFocusReason, 1, 0 },
+    };
+    for (const auto &row : rows) {
+        Edits scene(QStringLiteral("UiLineEditBase { objectName: 'edit'; textInput: input\n")
+                    + QString(QLatin1String(kFake))
+                          .replace(QLatin1String("Item {"),
+                                   QLatin1String("Item { id: input; objectName: 'input';"))
+                    + QLatin1String("}"));
+        QCOMPARE(scene.cursor(), 0);
+        scene.edit->forceActiveFocus(row.reason);
+        QVERIFY(scene.input->hasActiveFocus());
+        QCOMPARE(scene.input->property("selections").toInt(), row.first);
+        scene.edit->setFocus(false);
+        scene.input->setProperty("selections", 0);
+        scene.input->forceActiveFocus(row.reason);
+        QCOMPARE(scene.input->property("selections").toInt(), row.direct);
+    }
 }
 
 // The host may write at any time; where the cursor is while the user types is not its business.
 void tst_LineEditBase::writtenText()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     const auto fake = scene.create(QLatin1String(kFake));
     auto *editor = qobject_cast<QQuickItem *>(fake.get());
     editor->setParentItem(scene.edit);
@@ -269,12 +192,10 @@ void tst_LineEditBase::writtenText()
     QCOMPARE(editor->property("cursorPosition").toInt(), 3);
 
     // A handler that writes has the last word, in the editing item as well.
-    const auto connection = connect(scene.edit, &LineEditBase::textChanged,
-                                    [&] { scene.edit->setText(QString()); });
+    on(scene.edit, QStringLiteral("textChanged"), [&] { scene.edit->setText(QString()); });
     scene.edit->setText(QStringLiteral("three"));
     QCOMPARE(scene.edit->editText(), QString());
     QVERIFY(scene.edit->isEmpty());
-    disconnect(connection);
 }
 
 // Text that is being composed is no text yet. Where the editing item makes it one, it is committed.
@@ -282,23 +203,18 @@ void tst_LineEditBase::composedText()
 {
     const QString kana = QStringLiteral("\u304b\u306a");
     Edits scene;
-    QVERIFY(scene.isValid());
     scene.edit->forceActiveFocus();
     compose(scene.input, kana, QString());
     QCOMPARE(scene.edit->editText(), QString());
     compose(scene.input, QString(), kana);
-    QCOMPARE(scene.edit->editText(), kana);
     QTest::keyClick(scene.window(), Qt::Key_Tab);
     QCOMPARE(scene.edit->text(), kana);
 
     // Focus that leaves in the middle, and the input method that commits only then.
     scene.edit->forceActiveFocus();
-    QTest::keyClick(scene.window(), Qt::Key_End);
     compose(scene.input, kana, QString());
     QTest::keyClick(scene.window(), Qt::Key_Tab);
-    QCOMPARE(scene.edit->text(), kana);
     compose(scene.input, QString(), QStringLiteral("!"));
-    QVERIFY(scene.edit->editText().contains(QLatin1Char('!')));
     scene.edit->forceActiveFocus();
     QTest::keyClick(scene.window(), Qt::Key_Tab);
     QVERIFY(scene.edit->text().contains(QLatin1Char('!')));
@@ -314,7 +230,6 @@ void tst_LineEditBase::composedText()
 void tst_LineEditBase::undoAfterRevert()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     scene.edit->setText(QStringLiteral("old"));
     scene.edit->forceActiveFocus();
     QTest::keyClick(scene.window(), Qt::Key_End);
@@ -325,21 +240,12 @@ void tst_LineEditBase::undoAfterRevert()
     QTest::keyClick(scene.window(), Qt::Key_Tab);
     QCOMPARE(scene.edit->text(), QStringLiteral("old"));
     QCOMPARE(scene.typed(), QStringLiteral("old"));
-
-    // Within one edit, undo is the editing item's own.
-    scene.edit->forceActiveFocus();
-    QTest::keyClick(scene.window(), Qt::Key_End);
-    scene.type("x");
-    QTest::keySequence(scene.window(), QKeySequence::Undo);
-    QTest::keyClick(scene.window(), Qt::Key_Tab);
-    QCOMPARE(scene.edit->text(), QStringLiteral("old"));
 }
 
 // What a validator refuses is never typed; what is not finished is committed and marked.
 void tst_LineEditBase::validator()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     QVERIFY(scene.edit->hasAcceptableInput());
     const auto bounds = scene.create(QStringLiteral("IntValidator { bottom: 10; top: 99 }"));
     SignalLog log;
@@ -365,19 +271,17 @@ void tst_LineEditBase::validator()
 void tst_LineEditBase::hoverAndDisabling()
 {
     Edits scene;
-    QVERIFY(scene.isValid());
     QCOMPARE(scene.edit->cursor().shape(), Qt::IBeamCursor);
     SignalLog log;
     log.watch(scene.edit, names({ "hoveredChanged" }));
-    move(scene.window(), center(scene.edit));
-    QVERIFY(scene.edit->hovered());
-    move(scene.window(), QPoint(500, 500));
-    QVERIFY(!scene.edit->hovered());
-    QCOMPARE(log.take(), names({ "hoveredChanged", "hoveredChanged" }));
-    move(scene.window(), center(scene.edit));
-    scene.root()->setEnabled(false);
-    QVERIFY(!scene.edit->hovered());
-    QCOMPARE(log.take(), names({ "hoveredChanged", "hoveredChanged" }));
+    for (bool disables : { false, true }) {
+        move(scene.window(), center(scene.edit));
+        QVERIFY(scene.edit->hovered());
+        move(scene.window(), disables ? center(scene.edit) : QPoint(500, 500));
+        scene.root()->setEnabled(!disables);
+        QVERIFY(!scene.edit->hovered());
+        QCOMPARE(log.take(), names({ "hoveredChanged", "hoveredChanged" }));
+    }
     QCOMPARE(scene.edit->cursor().shape(), Qt::ArrowCursor);
     scene.root()->setEnabled(true);
     QCOMPARE(scene.edit->cursor().shape(), Qt::IBeamCursor);
@@ -393,262 +297,6 @@ void tst_LineEditBase::hoverAndDisabling()
     scene.edit->setEnabled(true);
     scene.root()->setEnabled(false);
     delete scene.edit;
-}
-
-void tst_LineEditBase::oddEditors_data()
-{
-    QTest::addColumn<QString>("editor");
-    QTest::addColumn<QString>("shown"); // of the text "kept"
-    QTest::newRow("plain item") << QStringLiteral("Item {}") << QString();
-    QTest::newRow("text of another kind")
-        << QStringLiteral("Item { property int text: 5; property string cursorPosition: 'x';"
-                          "property var acceptableInput: null }")
-        << QStringLiteral("5");
-    QTest::newRow("read-only text")
-        << QStringLiteral("Item { readonly property string text: 'its' }") << QStringLiteral("its");
-    QTest::newRow("text only") << QStringLiteral("Item { property string text }")
-                               << QStringLiteral("kept");
-    QTest::newRow("selectAll with argument") << QStringLiteral(
-        "Item { property string text; function selectAll(x) { text = 'called' } }")
-                                             << QStringLiteral("kept");
-    QTest::newRow("method that throws")
-        << QStringLiteral("Text { signal selectAll() }") << QStringLiteral("kept");
-}
-
-// What an editing item lacks is left undone, and no text is lost by it.
-void tst_LineEditBase::oddEditors()
-{
-    QFETCH(QString, editor);
-    QFETCH(QString, shown);
-    Edits scene;
-    QVERIFY(scene.isValid());
-    scene.edit->setText(QStringLiteral("kept"));
-    const auto object = scene.create(editor);
-    auto *item = qobject_cast<QQuickItem *>(object.get());
-    QVERIFY(item);
-    item->setParentItem(scene.edit);
-    scene.edit->setTextInput(item);
-    scene.edit->setText(QStringLiteral("word"));
-    scene.edit->setText(QStringLiteral("kept"));
-    QCOMPARE(scene.edit->editText(), shown);
-    QVERIFY(!scene.edit->hasAcceptableInput());
-    scene.edit->selectAll();
-    QCOMPARE(scene.edit->editText(), shown);
-    scene.edit->forceActiveFocus(Qt::TabFocusReason);
-    QVERIFY(item->hasActiveFocus());
-    scene.find("other")->forceActiveFocus();
-    QCOMPARE(scene.edit->text(), shown.isEmpty() ? QStringLiteral("kept") : shown);
-    scene.edit->setTextInput(nullptr);
-    scene.edit->forceActiveFocus();
-    QCOMPARE(scene.edit->editText(), QString());
-    // Nor is anything done for an item that comes to nothing.
-    expectWarning(QStringLiteral("cannot be its own editing item"));
-    scene.edit->setTextInput(scene.edit);
-    QVERIFY(!scene.edit->textInput());
-    auto *other = scene.find<LineEditBase>("other");
-    scene.edit->setTextInput(other);
-    other->setTextInput(scene.edit);
-    scene.edit->selectAll();
-    QCOMPARE(other->textInput(), scene.find("second"));
-}
-
-// Nothing of one editing item is read, written or heard on the next.
-void tst_LineEditBase::replacedEditor()
-{
-    Edits scene;
-    QVERIFY(scene.isValid());
-    const auto plain = scene.create(QStringLiteral("Item { property string name: 'mine' }"));
-    auto *item = qobject_cast<QQuickItem *>(plain.get());
-    item->setParentItem(scene.edit);
-    SignalLog log;
-    log.watch(scene.edit);
-    scene.edit->setTextInput(item);
-    QCOMPARE(log.take(), names({ "textInputChanged" }));
-    QCOMPARE(scene.edit->editText(), QString());
-    QVERIFY(!scene.edit->hasAcceptableInput());
-    scene.edit->setText(QStringLiteral("text"));
-    scene.edit->selectAll();
-    QCOMPARE(item->property("name").toString(), QStringLiteral("mine"));
-    QCOMPARE(scene.typed(), QString());
-    log.take();
-
-    // The old one is on its own now, be its validator or its keys.
-    const auto bounds = scene.create(QStringLiteral("IntValidator {}"));
-    scene.input->setProperty("validator", QVariant::fromValue(bounds.get()));
-    scene.input->forceActiveFocus();
-    QTest::keyClick(scene.window(), Qt::Key_Return);
-    QVERIFY(scene.input->hasActiveFocus());
-    scene.find("second")->forceActiveFocus();
-    QCOMPARE(log.take(), QStringList());
-    QCOMPARE(scene.edit->text(), QStringLiteral("text"));
-    scene.input->setProperty("validator", QVariant::fromValue<QObject *>(nullptr));
-
-    scene.edit->setTextInput(scene.input);
-    scene.edit->setTextInput(scene.input);
-    QCOMPARE(log.take(), names({ "textInputChanged" }));
-    scene.input->forceActiveFocus();
-    scene.type("new");
-    QTest::keyClick(scene.window(), Qt::Key_Tab);
-    QCOMPARE(log.take(), names({ "textChanged" })); // heard once, not once for each time it was set
-    QCOMPARE(scene.edit->text(), QStringLiteral("new"));
-}
-
-// What was typed in an editing item that is taken away stays there; the next one begins afresh.
-void tst_LineEditBase::replacedInTheMiddle()
-{
-    Edits scene;
-    QVERIFY(scene.isValid());
-    scene.edit->setText(QStringLiteral("old"));
-    scene.edit->forceActiveFocus(Qt::TabFocusReason);
-    scene.type("half");
-    const auto next = scene.create(QStringLiteral("TextInput { text: 'next' }"));
-    auto *item = qobject_cast<QQuickItem *>(next.get());
-    item->setParentItem(scene.edit);
-    scene.edit->setTextInput(item);
-    QCOMPARE(scene.edit->text(), QStringLiteral("old"));
-    item->forceActiveFocus();
-    QCOMPARE(scene.edit->text(), QStringLiteral("old"));
-    QCOMPARE(scene.typed(), QStringLiteral("halfold").left(scene.typed().length()));
-    QTest::keyClick(scene.window(), Qt::Key_Return);
-    QCOMPARE(scene.edit->text(), QStringLiteral("next"));
-    // From within a commit.
-    item->forceActiveFocus();
-    QTest::keyClick(scene.window(), 'x');
-    connect(scene.edit, &LineEditBase::textChanged, [&] { scene.edit->setTextInput(scene.input); });
-    QTest::keyClick(scene.window(), Qt::Key_Return);
-    QCOMPARE(scene.edit->textInput(), scene.input.data());
-    QCOMPARE(scene.typed(), scene.edit->text());
-}
-
-void tst_LineEditBase::destroyedWithFocus_data()
-{
-    QTest::addColumn<QString>("editor");
-    QTest::addColumn<bool>("bindable");
-    for (bool bindable : { false, true }) {
-        const char *kind = bindable ? ", bindable" : "";
-        QTest::addRow("TextInput%s", kind) << QStringLiteral("TextInput {}") << bindable;
-        QTest::addRow("TextInput with more%s", kind)
-            << QStringLiteral("TextInput { property int more: 3; onTextChanged: more = length }")
-            << bindable;
-        QTest::addRow("QML only%s", kind) << QString(QLatin1String(kFake)) << bindable;
-    }
-}
-
-// The focus of an item that is being destroyed goes to the line edit, which must not give it back;
-// and nothing that was looked up on the item's class may be touched any more.
-void tst_LineEditBase::destroyedWithFocus()
-{
-    QFETCH(QString, editor);
-    QFETCH(bool, bindable);
-    Edits scene;
-    QVERIFY(scene.isValid());
-    auto object = scene.create(editor);
-    auto *item = qobject_cast<QQuickItem *>(object.get());
-    item->setParentItem(scene.edit);
-    scene.edit->setBindable(bindable);
-    scene.edit->setTextInput(item);
-    scene.edit->setText(QStringLiteral("kept"));
-    scene.edit->forceActiveFocus();
-    QVERIFY(item->hasActiveFocus());
-    item->setParentItem(scene.root()); // it leaves with the focus, and comes back
-    QVERIFY(!item->hasActiveFocus() && scene.edit->hasActiveFocus());
-    item->setParentItem(scene.edit);
-    item->forceActiveFocus();
-    QVERIFY(item->hasActiveFocus());
-    object.reset();
-    QVERIFY(!scene.edit->textInput());
-    QCOMPARE(scene.edit->text(), QStringLiteral("kept"));
-    QCOMPARE(scene.edit->editText(), QString());
-    QVERIFY(!scene.edit->hasAcceptableInput());
-    scene.edit->selectAll();
-    scene.edit->setText(QStringLiteral("new"));
-    scene.find("other")->forceActiveFocus();
-    scene.edit->forceActiveFocus();
-    scene.edit->setTextInput(scene.input);
-    scene.input->forceActiveFocus();
-    scene.type("more");
-    QCOMPARE(scene.edit->editText(), QStringLiteral("more"));
-    delete scene.edit.data(); // and its editing item with it, focused
-    QTest::keyClick(scene.window(), 'x');
-}
-
-void tst_LineEditBase::longText()
-{
-    Edits scene;
-    QVERIFY(scene.isValid());
-    const QString text(1000000, QLatin1Char('w'));
-    scene.edit->setVisible(false); // laying it out is Qt's own affair
-    scene.input->setProperty("maximumLength", text.length());
-    scene.edit->setText(text);
-    QCOMPARE(scene.edit->editText().length(), text.length());
-    QMetaObject::invokeMethod(scene.edit, "selectAll");
-    sendFocusOut(scene.input);
-    QCOMPARE(scene.edit->text(), text);
-    scene.edit->setText(QString());
-    QVERIFY(scene.edit->isEmpty());
-}
-
-void tst_LineEditBase::handlersThatDestroy_data()
-{
-    QTest::addColumn<QByteArray>("signal");
-    for (const char *signal : { "textChanged", "emptyChanged", "updateRequested", "editingFinished",
-                                "returnPressed", "textInputChanged" })
-        QTest::newRow(signal) << QByteArray(signal);
-}
-
-// Each signal, on every way that leads to it, may end the line edit, its editing item or both.
-// Events are sent directly: a window does not survive that its focus item is destroyed by them.
-void tst_LineEditBase::handlersThatDestroy()
-{
-    QFETCH(QByteArray, signal);
-    enum Way { FocusOut, BindableFocusOut, Return, Escape, Written, Replaced, WayCount };
-    int destroyed = 0;
-    for (int way = 0; way < WayCount; ++way) {
-        for (bool editorOnly : { false, true }) {
-            Edits scene;
-            QVERIFY(scene.isValid());
-            scene.edit->setBindable(way == BindableFocusOut);
-            scene.input->setProperty("text", QStringLiteral("typed"));
-            QPointer<QObject> victim = scene.edit.data();
-            if (editorOnly)
-                victim = scene.input.data();
-            const auto destroy = [&] { delete victim.data(); };
-            if (signal == "textChanged")
-                connect(scene.edit, &LineEditBase::textChanged, destroy);
-            else if (signal == "emptyChanged")
-                connect(scene.edit, &LineEditBase::emptyChanged, destroy);
-            else if (signal == "updateRequested")
-                connect(scene.edit, &LineEditBase::updateRequested, destroy);
-            else if (signal == "editingFinished")
-                connect(scene.edit, &LineEditBase::editingFinished, destroy);
-            else if (signal == "returnPressed")
-                connect(scene.edit, &LineEditBase::returnPressed, destroy);
-            else
-                connect(scene.edit, &LineEditBase::textInputChanged, destroy);
-            QKeyEvent key(QEvent::KeyPress, way == Return ? Qt::Key_Return : Qt::Key_Escape, {});
-            switch (way) {
-            case FocusOut:
-            case BindableFocusOut:
-                sendFocusOut(scene.input);
-                break;
-            case Return:
-            case Escape:
-                QCoreApplication::sendEvent(scene.input, &key);
-                QVERIFY(key.isAccepted());
-                break;
-            case Written:
-                scene.edit->setText(QStringLiteral("written"));
-                break;
-            case Replaced:
-                scene.edit->setTextInput(nullptr);
-                break;
-            }
-            destroyed += !victim;
-            if (editorOnly && !victim)
-                QCOMPARE(scene.edit->editText(), QString());
-        }
-    }
-    QVERIFY(destroyed > 0);
 }
 
 TAMBER_TEST_MAIN(tst_LineEditBase)

@@ -77,7 +77,6 @@ void tst_VerticalScrollViewDrag::withoutBar()
 void tst_VerticalScrollViewDrag::accelerates()
 {
     Scene scene(QString::fromLatin1(kView));
-    QVERIFY(scene.isValid());
     auto *view = scene.find<View>("view");
     view->setScrollPosition(1000, true);
     DragOver drag(scene.window());
@@ -115,7 +114,6 @@ void tst_VerticalScrollViewDrag::ends()
     for (const char *way :
          { "leave", "drop", "elsewhere", "forbidden", "hidden", "gone", "window" }) {
         Scene scene(QString::fromLatin1(kView));
-        QVERIFY(scene.isValid());
         auto *view = scene.find<View>("view");
         DragOver drag(scene.window());
         drag.move(kNearBottom);
@@ -149,7 +147,6 @@ void tst_VerticalScrollViewDrag::popups()
                                  "Item { width: 300; height: 400; UiVerticalScrollView {\n"
                                  "objectName: 'inner'; width: 300; height: 400\n"
                                  "Item { implicitHeight: 1000 } } } }"));
-    QVERIFY(scene.isValid());
     auto *view = scene.find<View>("view");
     auto *anchor = scene.find<PopupAnchor>("anchor");
     DragOver drag(scene.window());
@@ -178,7 +175,6 @@ void tst_VerticalScrollViewDrag::windows()
 {
     Scene first(QString {});
     Scene second(QString {});
-    QVERIFY(first.isValid() && second.isValid());
     View view(first.root());
     view.setSize(QSizeF(300, 400));
     for (Scene *scene : { &first, &second, &first }) {
@@ -226,7 +222,6 @@ void tst_VerticalScrollViewDrag::handlersThatDestroy()
     QFETCH(QString, victim);
     Scene scene(content + QString::fromLatin1(kView)
                 + QStringLiteral("Item { objectName: 'other'; implicitHeight: 700 }"));
-    QVERIFY(scene.isValid());
     const QPointer<View> view = scene.find<View>("view");
     const QPointer<QQuickItem> item = scene.root()->childItems().constFirst();
     delete view->contentItem();

@@ -179,13 +179,22 @@ void Gallery::wheel(const QString &name, int steps)
                           QString::number(qAbs(steps)), QString::fromLatin1(button) });
 }
 
+bool Gallery::dragTo(const QPoint &position, const QString &line)
+{
+    return dragUntil(line, [&] { return position; });
+}
+
 bool Gallery::dragOver(const QString &name)
 {
-    const QString line = QLatin1String("drag over ") + name;
+    return dragUntil(QLatin1String("drag over ") + name, [&] { return place(name); });
+}
+
+bool Gallery::dragUntil(const QString &line, const std::function<QPoint()> &position)
+{
     int step = 0;
     return QTest::qWaitFor(
                [&] {
-                   input(moveTo(place(name) + QPoint(++step % 2, 0)));
+                   input(moveTo(position() + QPoint(++step % 2, 0)));
                    return hasSaid(line);
                },
                kPatience)

@@ -6,6 +6,8 @@
 #include <QtCore/QRect>
 #include <QtCore/QStringList>
 
+#include <functional>
+
 namespace ta::test {
 
 /*!
@@ -54,8 +56,11 @@ public:
 
     /// Holds the left button down on the item's middle, and goes on until a drag has begun.
     bool drag(const QString &name);
-    /// Goes on with the drag to the middle of the drop zone \a name, wherever that moves meanwhile;
-    /// stays in motion there, as a hand does, until the zone takes it.
+    /// Goes on with the drag to \a position; stays in motion there, as a hand does, until the trace
+    /// says \a line.
+    bool dragTo(const QPoint &position, const QString &line);
+    /// The same with the middle of the drop zone \a name, wherever that moves meanwhile, until the
+    /// zone takes what is dragged.
     bool dragOver(const QString &name);
     static void release();
     /// The whole of a drag from \a begin to \a end, of something that follows the pointer.
@@ -71,6 +76,7 @@ public:
     bool closes();
 
 private:
+    bool dragUntil(const QString &line, const std::function<QPoint()> &position);
     bool hasSaid(const QString &line);
     void read();
 

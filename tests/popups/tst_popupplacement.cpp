@@ -24,36 +24,29 @@ void tst_PopupPlacement::table_data()
     QTest::addColumn<QPoint>("layer");
     QTest::addColumn<QPoint>("position"); // of the popup in the layer
     QTest::addColumn<qreal>("height");
-
-    const QSizeF window(800, 600);
-    const QSize popup(200, 300);
-    QTest::newRow("fits") << QPoint(100, 100) << popup << window << QPoint(100, 100) << QPoint(0, 0)
-                          << 300.0;
-    QTest::newRow("flips left") << QPoint(700, 100) << popup << window << QPoint(780, 100)
-                                << QPoint(-200, 0) << 300.0;
-    QTest::newRow("flips up") << QPoint(100, 500) << popup << window << QPoint(100, 524)
-                              << QPoint(0, -347) << 300.0;
-    QTest::newRow("cut below") << QPoint(100, 300) << QSize(200, 500) << window << QPoint(100, 300)
-                               << QPoint(0, 0) << 290.0;
-    QTest::newRow("cut above") << QPoint(100, 400) << QSize(200, 500) << window << QPoint(100, 424)
-                               << QPoint(0, -366 - 48 + 1) << 366.0;
-    QTest::newRow("both") << QPoint(700, 500) << popup << window << QPoint(780, 524)
-                          << QPoint(-200, -347) << 300.0;
-    QTest::newRow("equal room goes up") << QPoint(100, 312) << QSize(200, 500) << window
-                                        << QPoint(100, 336) << QPoint(0, -278 - 48 + 1) << 278.0;
+    QSizeF window(800, 600);
+    QSize popup(200, 300);
+    const auto row = [&](const char *name, const QPoint &anchor, const QPoint &layer,
+                         const QPoint &position, qreal height) {
+        QTest::newRow(name) << anchor << popup << window << layer << position << height;
+    };
+    row("fits", { 100, 100 }, { 100, 100 }, { 0, 0 }, 300);
+    row("flips left", { 700, 100 }, { 780, 100 }, { -200, 0 }, 300);
+    row("flips up", { 100, 500 }, { 100, 524 }, { 0, -347 }, 300);
+    row("both", { 700, 500 }, { 780, 524 }, { -200, -347 }, 300);
     // One pixel on either side of each limit.
-    QTest::newRow("just fits right")
-        << QPoint(590, 100) << popup << window << QPoint(590, 100) << QPoint(0, 0) << 300.0;
-    QTest::newRow("just not right")
-        << QPoint(591, 100) << popup << window << QPoint(671, 100) << QPoint(-200, 0) << 300.0;
-    QTest::newRow("just fits below")
-        << QPoint(100, 290) << popup << window << QPoint(100, 290) << QPoint(0, 0) << 300.0;
-    QTest::newRow("just not below")
-        << QPoint(100, 291) << popup << window << QPoint(100, 291) << QPoint(0, 0) << 299.0;
-    QTest::newRow("fractional window") << QPoint(100, 300) << QSize(200, 500) << QSizeF(800, 600.5)
-                                       << QPoint(100, 300) << QPoint(0, 0) << 290.5;
-    QTest::newRow("empty popup") << QPoint(100, 100) << QSize(0, 0) << window << QPoint(100, 100)
-                                 << QPoint(0, 0) << 0.0;
+    row("just fits right", { 590, 100 }, { 590, 100 }, { 0, 0 }, 300);
+    row("just not right", { 591, 100 }, { 671, 100 }, { -200, 0 }, 300);
+    row("just fits below", { 100, 290 }, { 100, 290 }, { 0, 0 }, 300);
+    row("just not below", { 100, 291 }, { 100, 291 }, { 0, 0 }, 299);
+    popup = QSize(200, 500);
+    row("cut below", { 100, 300 }, { 100, 300 }, { 0, 0 }, 290);
+    row("cut above", { 100, 400 }, { 100, 424 }, { 0, -366 - 48 + 1 }, 366);
+    row("equal room goes up", { 100, 312 }, { 100, 336 }, { 0, -278 - 48 + 1 }, 278);
+    window = QSizeF(800, 600.5);
+    row("fractional window", { 100, 300 }, { 100, 300 }, { 0, 0 }, 290.5);
+    popup = QSize(0, 0);
+    row("empty popup", { 100, 100 }, { 100, 100 }, { 0, 0 }, 0);
 }
 
 void tst_PopupPlacement::table()

@@ -63,7 +63,6 @@ class tst_PopupStack : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void filterFollowsTop();
     void destroyedPopups();
     void popsOfStrangers();
     void duplicates();
@@ -72,61 +71,16 @@ private Q_SLOTS:
     void backgroundFollowsSize();
 };
 
-void tst_PopupStack::filterFollowsTop()
-{
-    Popup a, b;
-    QVERIFY(!PopupStack::top());
-    PopupStack::push(&a);
-    QVERIFY(a.isFilter());
-    PopupStack::push(&b);
-    QCOMPARE(PopupStack::top(), &b);
-    QVERIFY(b.isFilter() && !a.isFilter());
-    PopupStack::pop(&b);
-    QCOMPARE(PopupStack::top(), &a);
-    QVERIFY(a.isFilter() && !b.isFilter());
-
-    // From below: the top stays the filter.
-    PopupStack::push(&b);
-    PopupStack::pop(&a);
-    QVERIFY(b.isFilter() && !a.isFilter());
-    PopupStack::pop(&b);
-    QVERIFY(!PopupStack::top());
-    QVERIFY(!a.isFilter() && !b.isFilter());
-}
-
+// A dead top leaves no filter, and a pop of null, which stands for it, hands on to the one below.
 void tst_PopupStack::destroyedPopups()
 {
-    Popup a, c;
-    {
-        Popup b;
-        PopupStack::push(&a);
-        PopupStack::push(&b);
-    }
-    QVERIFY(!PopupStack::top()); // a dead top leaves no filter
-    QVERIFY(!a.isFilter());
-    PopupStack::push(&c);
-    QVERIFY(c.isFilter() && !a.isFilter());
-    PopupStack::pop(&c); // takes the dead entry along
-    QVERIFY(a.isFilter());
-    PopupStack::pop(&a);
-
-    {
-        Popup below;
-        PopupStack::push(&below);
-        PopupStack::push(&a);
-    }
-    PopupStack::pop(&a);
-    QVERIFY(!PopupStack::top());
-    PopupStack::push(&a);
-    QVERIFY(a.isFilter());
-    PopupStack::pop(&a);
-
-    // Null stands for a destroyed popup, on top or below.
+    Popup a;
     PopupStack::push(&a);
     {
         Popup top;
         PopupStack::push(&top);
     }
+    QVERIFY(!PopupStack::top() && !a.isFilter());
     PopupStack::pop(nullptr);
     QVERIFY(a.isFilter());
     PopupStack::pop(&a);
@@ -149,17 +103,16 @@ void tst_PopupStack::popsOfStrangers()
     QVERIFY(!PopupStack::top());
 }
 
+// A second entry is the higher one.
 void tst_PopupStack::duplicates()
 {
     Popup a, b;
-    PopupStack::push(&a);
-    PopupStack::push(&b);
-    PopupStack::push(&a);
-    PopupStack::pop(&a);
-    QVERIFY(b.isFilter());
-    PopupStack::pop(&b);
-    QVERIFY(a.isFilter());
-    PopupStack::pop(&a);
+    for (Popup *popup : { &a, &b, &a })
+        PopupStack::push(popup);
+    for (Popup *popup : { &a, &b, &a }) {
+        QVERIFY(popup->isFilter());
+        PopupStack::pop(popup);
+    }
     QVERIFY(!PopupStack::top());
 }
 
@@ -238,9 +191,7 @@ void tst_PopupStack::backgroundFollowsSize()
     popup.setSize({ 10, 20 });
     auto *background = new PopupBackground(&popup);
     QCOMPARE(background->size(), QSizeF(10, 20));
-    popup.setWidth(33);
-    QCOMPARE(background->size(), QSizeF(33, 20));
-    popup.setHeight(44.5);
+    popup.setSize({ 33, 44.5 });
     QCOMPARE(background->size(), QSizeF(33, 44.5));
     background->setParentItem(nullptr);
     popup.setSize({ 1, 1 });

@@ -11,7 +11,6 @@
 #include <QtQuick/QSGFlatColorMaterial>
 
 #include <climits>
-#include <limits>
 
 using namespace ta::ui;
 using namespace ta::test;
@@ -29,10 +28,15 @@ struct Look
     Border::BorderStyle style = Border::Dashed;
     QColor color = Qt::black;
 
-    template <typename Item = Border>
-    Item *make(QQuickItem *parent) const
+    Border *make(QQuickItem *parent) const
     {
-        auto *border = new Item(parent);
+        auto *border = new Border(parent);
+        apply(border);
+        return border;
+    }
+
+    void apply(Border *border) const
+    {
         border->setPosition(area.topLeft());
         border->setSize(area.size());
         border->setBorderWidth(width);
@@ -40,7 +44,6 @@ struct Look
         border->setGapWidth(gap);
         border->setStyle(style);
         border->setColor(color);
-        return border;
     }
 
     double distance(double x, double y) const;
@@ -101,8 +104,6 @@ QColor nodeColor(QSGGeometryNode *node)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Look)
-
 class tst_Border : public TestCase
 {
     Q_OBJECT
@@ -111,14 +112,12 @@ private Q_SLOTS:
     void setters();
     void nodes();
     void lookAlikes();
-    void pixels_data();
     void pixels();
     void translucent();
     void changes();
     void neighbours();
     void windows();
     void strangeSizes();
-    void fromQml();
 };
 
 // What is stored, what is said about it, and that nothing is drawn anew where nothing has changed.
@@ -129,41 +128,31 @@ void tst_Border::setters()
     auto *border = new Probe(scene.root());
     border->setSize(QSizeF(100, 50));
     QVERIFY(scene.waitForFrame());
-    QVERIFY(border->paints > 0);
-
     SignalLog log;
     log.watch(border);
-    log.watch(border, { QStringLiteral("widthChanged") });
     border->paints = 0;
-    const int minimum = std::numeric_limits<int>::min();
-    border->setColor(Qt::black);
-    border->setBorderWidth(2);
-    border->setDashWidth(8);
-    border->setGapWidth(4);
-    border->setStyle(Border::Dashed);
+    const Look unchanged { QRectF(0, 0, 100, 50) };
+    unchanged.apply(border);
     QVERIFY(scene.waitForFrame());
-    QCOMPARE(log.take(), QStringList());
     QCOMPARE(border->paints, 0);
 
-    for (int bad : { 0, -1, minimum, 1 }) {
-        border->setBorderWidth(bad);
-        border->setDashWidth(bad);
-        border->setGapWidth(bad);
+    for (int bad : { 0, -1, INT_MIN, 1 }) {
+        const Look look { unchanged.area, bad, bad, bad };
+        look.apply(border);
         QCOMPARE(border->borderWidth(), 1);
         QCOMPARE(border->dashWidth(), 1);
         QCOMPARE(border->gapWidth(), 1);
     }
-    border->setStyle(Border::Solid);
-    border->setColor(Qt::red);
-    border->setWidth(99);
-    QCOMPARE(log.take().join(u' '),
-             QStringLiteral("borderWidthChanged dashWidthChanged gapWidthChanged styleChanged "
-                            "colorChanged widthChanged"));
+    const Look solid { unchanged.area, 1, 1, 1, Border::Solid, Qt::red };
+    solid.apply(border);
+    QCOMPARE(log.take(), names({ "borderWidthChanged", "dashWidthChanged", "gapWidthChanged",
+                                 "styleChanged", "colorChanged" }));
     QVERIFY(scene.waitForFrame());
     QVERIFY(border->paints > 0);
 }
 
-// A node of the style, with everything in it at once, whatever has been drawn before.
+// Each change reaches the node that is there, another style has another one, and a fresh node has
+// everything.
 void tst_Border::nodes()
 {
     Probe border;
@@ -175,52 +164,34 @@ void tst_Border::nodes()
             root.appendChildNode(node);
         return node;
     };
-    QSGGeometryNode *node = paint();
-    QCOMPARE(node->geometry()->drawingMode(), uint(QSGGeometry::DrawTriangles));
-    QCOMPARE(node->geometry()->vertexCount(), 18);
-    QCOMPARE(node->geometry()->sizeOfVertex(), 12);
-    QVERIFY(node->material()->flags() & QSGMaterial::Blending);
-
-    border.setColor(Qt::red);
+    QVERIFY(paint()->material()->flags() & QSGMaterial::Blending);
     border.setStyle(Border::Solid);
-    node = paint();
+    QSGGeometryNode *node = paint();
     QCOMPARE(root.childCount(), 1);
-    QCOMPARE(node->geometry()->drawingMode(), uint(QSGGeometry::DrawTriangleStrip));
-    QCOMPARE(nodeColor(node), QColor(Qt::red));
-    QCOMPARE(node->geometry()->vertexDataAsPoint2D()[6].x, 98.0f);
-
-    // Each change reaches the node that is there.
     border.setBorderWidth(5);
-    QCOMPARE(paint(), node);
-    QCOMPARE(node->geometry()->vertexDataAsPoint2D()[6].x, 95.0f);
-    border.setSize(QSizeF(60, 50));
     connect(&border, &Border::colorChanged, this, [&] {
-        paint(); // what the signal says is on its way already
+        QCOMPARE(paint(), node); // what the signal says is on its way already
         QCOMPARE(nodeColor(node), QColor(Qt::blue));
     });
     border.setColor(Qt::blue);
-    QCOMPARE(node->geometry()->vertexDataAsPoint2D()[6].x, 55.0f);
 
     // Nothing is dirty, but there is no node any more: the window was another one.
     delete node;
     node = paint();
     QVERIFY(node);
-    QCOMPARE(node->geometry()->vertexDataAsPoint2D()[6].x, 55.0f);
+    QCOMPARE(node->geometry()->vertexDataAsPoint2D()[6].x, 95.0f);
     QCOMPARE(nodeColor(node), QColor(Qt::blue));
 
     // No node for a style that does not exist, and one again for the next that does.
-    for (int style : { 2, -1, std::numeric_limits<int>::max() }) {
+    for (int style : { 2, -1, INT_MAX }) {
         border.setStyle(Border::BorderStyle(style));
         QVERIFY(!paint());
         QVERIFY(!paint());
         QCOMPARE(root.childCount(), 0);
     }
     border.setStyle(Border::Dashed);
-    node = paint();
-    QVERIFY(node);
-    const float *last = static_cast<const float *>(node->geometry()->vertexData()) + 3 * 17;
-    QCOMPARE(last[2], 2 * 60 + 2 * 50 - 3 * 5.0f);
-    delete node;
+    QVERIFY(paint());
+    delete root.firstChild();
 }
 
 // Those that look alike may be drawn together, and no others.
@@ -237,40 +208,34 @@ void tst_Border::lookAlikes()
     };
     QCOMPARE(compare(QColor(10, 20, 30, 40), 8, 4), 0);
     QCOMPARE(compare(QColor(11, 20, 30, 40), 8, 4), -1);
-    QCOMPARE(compare(QColor(10, 19, 30, 40), 8, 4), 1);
-    QCOMPARE(compare(QColor(10, 20, 31, 40), 8, 4), -1);
     QCOMPARE(compare(QColor(10, 20, 30, 39), 8, 4), 1);
     QCOMPARE(compare(QColor(10, 20, 30, 40), 9, 4), -1);
     QCOMPARE(compare(QColor(10, 20, 30, 40), 8, 3), 1);
 }
 
-void tst_Border::pixels_data()
-{
-    QTest::addColumn<Look>("look");
-    const auto row = [](const char *name, const QRectF &area, int width, int dash, int gap) {
-        QTest::newRow(name) << Look { area, width, dash, gap };
-    };
-    row("usual, all corners painted", QRectF(20, 30, 100, 50), 2, 8, 4);
-    row("two corners empty", QRectF(20, 30, 105, 50), 2, 8, 4);
-    row("wide", QRectF(20, 30, 100, 51), 9, 8, 4);
-    row("dashes within a corner", QRectF(20, 30, 100, 51), 12, 2, 3);
-    row("hairline", QRectF(0, 0, 240, 160), 1, 5, 3);
-    row("gap longer than the border", QRectF(20, 30, 100, 50), 3, 40, 1000);
-    row("dash longer than the border", QRectF(20, 30, 100, 50), 3, 1000, 1);
-    QTest::newRow("solid") << Look { QRectF(20, 30, 100, 50), 3, 8, 4, Border::Solid };
-    QTest::newRow("solid, filling") << Look { QRectF(20, 30, 10, 50), 5, 8, 4, Border::Solid };
-    QTest::newRow("solid, red") << Look {
-        QRectF(0, 0, 240, 160), 20, 8, 4, Border::Solid, Qt::red
-    };
-}
-
 void tst_Border::pixels()
 {
-    QFETCH(Look, look);
+    const QRectF area(20, 30, 100, 50);
+    const QRectF odd(20, 30, 100, 51);
+    const QRectF all(QPointF(), kWindow);
+    const Look looks[] = {
+        { area, 2, 8, 4 }, // all corners painted
+        { QRectF(20, 30, 105, 50), 2, 8, 4 }, // two corners empty
+        { odd, 9, 8, 4 },
+        { odd, 12, 2, 3 }, // dashes within a corner
+        { all, 1, 5, 3 },
+        { area, 3, 40, 1000 }, // no second dash, or gap
+        { area, 3, 1000, 1 },
+        { area, 3, 8, 4, Border::Solid },
+        { QRectF(20, 30, 10, 50), 5, 8, 4, Border::Solid },
+        { all, 20, 8, 4, Border::Solid, Qt::red },
+    };
     Scene scene(whiteWindow(), kWindow);
     QVERIFY(scene.isValid());
-    look.make(scene.root());
-    QCOMPARE(difference(scene.window(), { look }), QString());
+    for (const Look &look : looks) {
+        const std::unique_ptr<Border> border(look.make(scene.root()));
+        QCOMPARE(difference(scene.window(), { look }), QString());
+    }
 }
 
 // A dash adds its colour as it is, a solid border its share of it. Opacity takes from both.
@@ -302,40 +267,24 @@ void tst_Border::changes()
 {
     Scene scene(whiteWindow(), kWindow);
     QVERIFY(scene.isValid());
-    Look look;
-    Border *border = look.make(scene.root());
-    QCOMPARE(difference(scene.window(), { look }), QString());
-    const auto check = [&] {
-        border->setPosition(look.area.topLeft());
-        border->setSize(look.area.size());
-        border->setBorderWidth(look.width);
-        border->setDashWidth(look.dash);
-        border->setGapWidth(look.gap);
-        border->setStyle(look.style);
-        border->setColor(look.color);
-        return difference(scene.window(), { look });
+    const QRectF area(33, 44, 155, 66);
+    const Look looks[] = {
+        {},
+        { QRectF(20, 30, 100, 50), 2, 11, 4 },
+        { QRectF(20, 30, 100, 50), 2, 11, 7, Border::Dashed, Qt::darkGreen },
+        { QRectF(20, 30, 100, 50), 5, 11, 7, Border::Dashed, Qt::darkGreen },
+        { area, 5, 11, 7, Border::Dashed, Qt::darkGreen },
+        { area, 5, 11, 7, Border::Solid, Qt::darkGreen },
+        { area, 7, 11, 7, Border::Solid, Qt::red },
+        { area, 7, 11, 7, Border::Dashed, Qt::red },
     };
-    look.dash = 11;
-    QCOMPARE(check(), QString());
-    look.gap = 7;
-    QCOMPARE(check(), QString());
-    look.color = Qt::darkGreen;
-    QCOMPARE(check(), QString());
-    look.width = 5;
-    QCOMPARE(check(), QString());
-    look.area = QRectF(33, 44, 155, 66);
-    QCOMPARE(check(), QString());
-    look.style = Border::Solid;
-    QCOMPARE(check(), QString());
-    look.color = Qt::red;
-    look.width = 7;
-    QCOMPARE(check(), QString());
-    look.style = Border::Dashed;
-    QCOMPARE(check(), QString());
+    Border *border = looks[0].make(scene.root());
+    for (const Look &look : looks) {
+        look.apply(border);
+        QCOMPARE(difference(scene.window(), { look }), QString());
+    }
     border->setStyle(Border::BorderStyle(7));
     QCOMPARE(difference(scene.window(), QVector<Look>()), QString());
-    border->setStyle(Border::Dashed);
-    QCOMPARE(difference(scene.window(), { look }), QString());
 }
 
 // Drawn one after the other, each of them with what is its own; the first and the last together.
@@ -356,39 +305,24 @@ void tst_Border::neighbours()
     QCOMPARE(difference(scene.window(), looks), QString());
 }
 
-// Two windows at once, from one to the other, and into a window that was away in between.
 void tst_Border::windows()
 {
-    Scene first(whiteWindow(), kWindow);
-    Scene second(whiteWindow(), kWindow);
-    QVERIFY(first.isValid() && second.isValid());
     const Look dashed { QRectF(5, 5, 60, 40), 3, 8, 4 };
     const Look solid { QRectF(75, 5, 60, 40), 3, 5, 9, Border::Solid, Qt::red };
-    Border *border = dashed.make(first.root());
-    solid.make(second.root());
-    QCOMPARE(difference(first.window(), { dashed }), QString());
-    QCOMPARE(difference(second.window(), { solid }), QString());
-
-    border->setParent(second.root());
-    border->setParentItem(second.root());
-    QCOMPARE(difference(first.window(), QVector<Look>()), QString());
-    QCOMPARE(difference(second.window(), { dashed, solid }), QString());
-
-    second.window()->setPersistentOpenGLContext(false);
-    second.window()->setPersistentSceneGraph(false);
-    second.window()->hide();
-    QTRY_VERIFY(!second.window()->isExposed());
-    second.window()->show();
-    QCOMPARE(difference(second.window(), { dashed, solid }), QString());
-    first.destroyWindow();
-    QCOMPARE(difference(second.window(), { dashed, solid }), QString());
+    const std::unique_ptr<Border> item(dashed.make(nullptr));
+    const std::unique_ptr<Border> other(solid.make(nullptr));
+    const auto compare = [&](QQuickWindow *window, const QVector<const Border *> &shown) {
+        QVector<Look> looks;
+        for (const Border *border : shown)
+            looks.append(border == item.get() ? dashed : solid);
+        return difference(window, looks);
+    };
+    QCOMPARE(differenceBetweenWindows(item.get(), other.get(), compare), QString());
 }
 
 // They draw nothing that could be relied on, but they harm nobody either.
 void tst_Border::strangeSizes()
 {
-    const double infinity = std::numeric_limits<double>::infinity();
-    const double nan = std::numeric_limits<double>::quiet_NaN();
     Scene scene(whiteWindow(), kWindow);
     QVERIFY(scene.isValid());
     const Look usual { QRectF(80, 80, 60, 40) };
@@ -400,29 +334,12 @@ void tst_Border::strangeSizes()
     for (Border::BorderStyle style : { Border::Dashed, Border::Solid }) {
         Border *narrow = Look { QRectF(), 3, 8, 4, style, Qt::white }.make(clip);
         Border *wide = Look { QRectF(), INT_MAX, INT_MAX, INT_MAX, style, Qt::white }.make(clip);
-        for (double extent : { 0.0, -70.0, 1e9, 1e300, infinity, nan }) {
+        for (double extent : kStrangeExtents) {
             narrow->setSize(QSizeF(extent, 20));
             wide->setSize(QSizeF(extent, extent));
             QCOMPARE(difference(scene.window(), { usual }), QString());
         }
     }
-}
-
-// QML names the styles, and gives any number where it wants to.
-void tst_Border::fromQml()
-{
-    Scene::useKit();
-    Scene scene(whiteWindow()
-                    + QStringLiteral(
-                        "UiBorder { x: 5; y: 5; width: 60; height: 40; style: UiBorder.Solid }"
-                        "UiBorder { x: 75; y: 5; width: 60; height: 40 }"
-                        "UiBorder { objectName: 'odd'; width: 200; height: 99; style: 2 + 3 }"),
-                kWindow);
-    QVERIFY(scene.isValid());
-    QCOMPARE(scene.find("odd")->property("style").toInt(), 5);
-    const Look solid { QRectF(5, 5, 60, 40), 2, 8, 4, Border::Solid };
-    const Look dashed { QRectF(75, 5, 60, 40) };
-    QCOMPARE(difference(scene.window(), { solid, dashed }), QString());
 }
 
 TAMBER_TEST_MAIN(tst_Border)

@@ -18,24 +18,20 @@ class tst_Icon : public TestCase
 
 private Q_SLOTS:
     void initTestCase() { Scene::useKit(); }
-    void defaults();
     void setters();
-    void badValues();
     void handlerThatDestroys();
     void compare();
-    void drawsItsGlyph_data();
     void drawsItsGlyph();
     void stretchedGlyph();
-    void sizeOfItemDoesNotMatter();
     void drawsNothing();
-    void disabledAndHighlighted_data();
     void disabledAndHighlighted();
     void changes();
-    void otherWindow();
-    void shownAgain();
+    void windows();
 };
 
 namespace {
+
+const QSize kWindow(200, 100);
 
 // On a white ground, at the window's corner.
 QString scene(const QString &properties)
@@ -109,22 +105,13 @@ bool isBlank(const QImage &image, const QRect &area)
 
 } // namespace
 
-void tst_Icon::defaults()
-{
-    const Icon icon;
-    QCOMPARE(QSizeF(icon.implicitWidth(), icon.implicitHeight()), QSizeF(24, 24));
-    QVERIFY(icon.flags().testFlag(QQuickItem::ItemHasContents));
-    QCOMPARE(icon.highlightColor(), QColor(Qt::white));
-}
-
 void tst_Icon::setters()
 {
     Icon icon;
+    QCOMPARE(QSizeF(icon.implicitWidth(), icon.implicitHeight()), QSizeF(24, 24));
     SignalLog log;
-    log.watch(&icon,
-              { QStringLiteral("iconNameChanged"), QStringLiteral("iconSizeChanged"),
-                QStringLiteral("disabledChanged"), QStringLiteral("highlightChanged"),
-                QStringLiteral("highlightColorChanged"), QStringLiteral("implicitWidthChanged") });
+    log.watch(&icon);
+    log.watch(&icon, { QStringLiteral("implicitWidthChanged") });
     for (int round = 0; round < 2; ++round) {
         icon.setIconName(QStringLiteral("close"));
         icon.setIconSize(Icon::Icon_32x32);
@@ -132,20 +119,11 @@ void tst_Icon::setters()
         icon.setHighlight(0.25);
         icon.setHighlightColor(Qt::red);
     }
-    QCOMPARE(log.take(),
-             QStringList(
-                 { QStringLiteral("iconNameChanged"), QStringLiteral("implicitWidthChanged"),
-                   QStringLiteral("iconSizeChanged"), QStringLiteral("disabledChanged"),
-                   QStringLiteral("highlightChanged"), QStringLiteral("highlightColorChanged") }));
+    QCOMPARE(log.take(), names({ "iconNameChanged", "implicitWidthChanged", "iconSizeChanged",
+                                 "disabledChanged", "highlightChanged", "highlightColorChanged" }));
     QCOMPARE(icon.implicitHeight(), 32.0);
-}
 
-void tst_Icon::badValues()
-{
-    Icon icon;
-    const QPair<double, double> rows[] = {
-        { 2, 1 }, { -1, 0 }, { qInf(), 1 }, { qQNaN(), 0 }, { 0.5, 0.5 },
-    };
+    const QPair<double, double> rows[] = { { 2, 1 }, { -1, 0 }, { qInf(), 1 }, { qQNaN(), 0 } };
     for (const auto &row : rows) {
         icon.setDisabled(row.first);
         icon.setHighlight(row.first);
@@ -156,14 +134,14 @@ void tst_Icon::badValues()
 
 void tst_Icon::handlerThatDestroys()
 {
-    QPointer<Icon> icon = new Icon;
-    connect(icon, &Icon::iconSizeChanged, this, [&] { delete icon; });
-    icon->setIconSize(Icon::Icon_16x16);
-    QVERIFY(!icon);
-    icon = new Icon;
-    connect(icon, &Icon::disabledChanged, this, [&] { delete icon; });
-    icon->setDisabled(1);
-    QVERIFY(!icon);
+    for (const char *property : { "iconSize", "disabled" }) {
+        QPointer<Icon> icon = new Icon;
+        const auto destroy = [&] { delete icon; };
+        connect(icon, &Icon::iconSizeChanged, this, destroy);
+        connect(icon, &Icon::disabledChanged, this, destroy);
+        icon->setProperty(property, 16);
+        QVERIFY(!icon);
+    }
 }
 
 void tst_Icon::compare()
@@ -184,34 +162,39 @@ void tst_Icon::compare()
     QCOMPARE(base.compare(&other), -1);
 }
 
-void tst_Icon::drawsItsGlyph_data()
-{
-    QTest::addColumn<int>("size");
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("16") << 16 << QByteArray("close");
-    QTest::newRow("16 last") << 16 << QByteArray("zoom-to-fit");
-    QTest::newRow("24") << 24 << QByteArray("add");
-    QTest::newRow("24 last") << 24 << QByteArray("width");
-    QTest::newRow("32") << 32 << QByteArray("wifi-config");
-}
-
+// At the item's corner, whatever the item's size.
 void tst_Icon::drawsItsGlyph()
 {
-    QFETCH(int, size);
-    QFETCH(QByteArray, name);
-    Scene shown(scene(QStringLiteral("UiIcon { iconSize: UiIcon.Icon_%1x%1; iconName: '%2' }")
-                          .arg(size)
-                          .arg(QString::fromLatin1(name))),
-                QSize(200, 100));
-    QVERIFY(shown.isValid());
-    QVERIFY(shows(shown.window(), cell(size, shown.window()->effectiveDevicePixelRatio(), name)));
+    const struct
+    {
+        int size;
+        const char *name;
+        const char *geometry;
+    } rows[] = {
+        { 16, "close", "width: 90; height: 90" },
+        { 16, "zoom-to-fit", "width: 0; height: 0" },
+        { 24, "add", "width: -5; height: 3" },
+        { 24, "width", "" },
+        { 32, "wifi-config", "" },
+    };
+    for (const auto &row : rows) {
+        Scene shown(scene(
+                        QStringLiteral("UiIcon { iconSize: UiIcon.Icon_%1x%1; iconName: '%2'; %3 }")
+                            .arg(row.size)
+                            .arg(QLatin1String(row.name), QLatin1String(row.geometry))),
+                    kWindow);
+        QVERIFY(shown.isValid());
+        const double ratio = shown.window()->effectiveDevicePixelRatio();
+        QVERIFY2(shows(shown.window(), cell(row.size, ratio, row.name)), row.name);
+        QVERIFY(isBlank(shown.window()->grabWindow(), QRect(int(row.size * ratio), 0, 40, 40)));
+    }
 }
 
 void tst_Icon::stretchedGlyph()
 {
     expectWarning(QStringLiteral("Unsupported atlas size 48"));
     Scene shown(scene(QStringLiteral("UiIcon { iconSize: UiIcon.Icon_48x48; iconName: 'stop' }")),
-                QSize(200, 100));
+                kWindow);
     QVERIFY(shown.isValid());
     const QImage grabbed = shown.window()->grabWindow();
     const QImage glyph = cell(24, 1, "stop");
@@ -221,66 +204,45 @@ void tst_Icon::stretchedGlyph()
     QVERIFY(isBlank(grabbed, QRect(int(48 * ratio), 0, 20, 20)));
 }
 
-void tst_Icon::sizeOfItemDoesNotMatter()
-{
-    for (const char *geometry :
-         { "width: 90; height: 90", "width: 0; height: 0", "width: -5; height: 3" }) {
-        Scene shown(scene(QStringLiteral(
-                              "UiIcon { iconSize: UiIcon.Icon_16x16; iconName: 'close'; %1 }")
-                              .arg(QLatin1String(geometry))),
-                    QSize(200, 100));
-        QVERIFY(shown.isValid());
-        const double ratio = shown.window()->effectiveDevicePixelRatio();
-        QVERIFY(shows(shown.window(), cell(16, ratio, "close")));
-        QVERIFY(isBlank(shown.window()->grabWindow(), QRect(int(16 * ratio), 0, 40, 40)));
-    }
-}
-
 void tst_Icon::drawsNothing()
 {
     Scene shown(scene(QStringLiteral(
                     "UiIcon {} UiIcon { iconName: 'no such glyph' }"
                     "UiIcon { iconName: '\\u4e16\\u754c'; iconSize: UiIcon.Icon_32x32 }")),
-                QSize(200, 100));
+                kWindow);
     QVERIFY(shown.isValid());
     const QImage grabbed = shown.window()->grabWindow();
     QVERIFY(isBlank(grabbed, grabbed.rect()));
 }
 
-void tst_Icon::disabledAndHighlighted_data()
-{
-    QTest::addColumn<double>("disabled");
-    QTest::addColumn<double>("highlight");
-    QTest::addColumn<QColor>("color");
-    QTest::newRow("disabled") << 1.0 << 0.0 << QColor(Qt::white);
-    QTest::newRow("half disabled") << 0.5 << 0.0 << QColor(Qt::white);
-    QTest::newRow("highlighted") << 0.0 << 1.0 << QColor(0x98, 0xBE, 0x9C);
-    QTest::newRow("half highlighted") << 0.0 << 0.5 << QColor(Qt::black);
-    QTest::newRow("both") << 1.0 << 0.5 << QColor(Qt::red);
-}
-
 void tst_Icon::disabledAndHighlighted()
 {
-    QFETCH(double, disabled);
-    QFETCH(double, highlight);
-    QFETCH(QColor, color);
+    const struct
+    {
+        double disabled;
+        double highlight;
+        QColor color;
+    } rows[] = {
+        { 1, 0, Qt::white },   { 0.5, 0, Qt::white },       { 0, 1, QColor(0x98, 0xBE, 0x9C) },
+        { 0, 0.5, Qt::black }, { 1, 0.5, QColor(Qt::red) },
+    };
     Scene shown(scene(QStringLiteral("UiIcon { objectName: 'icon'; iconName: 'add-content' }")),
-                QSize(200, 100));
+                kWindow);
     QVERIFY(shown.isValid());
     auto *icon = shown.find<Icon>("icon");
-    icon->setDisabled(disabled);
-    icon->setHighlight(highlight);
-    icon->setHighlightColor(color);
-    QVERIFY(shows(shown.window(),
-                  cell(24, shown.window()->effectiveDevicePixelRatio(), "add-content"), disabled,
-                  highlight, color));
+    const QImage glyph = cell(24, shown.window()->effectiveDevicePixelRatio(), "add-content");
+    for (const auto &row : rows) {
+        icon->setDisabled(row.disabled);
+        icon->setHighlight(row.highlight);
+        icon->setHighlightColor(row.color);
+        QVERIFY(shows(shown.window(), glyph, row.disabled, row.highlight, row.color));
+    }
 }
 
 // What changes after the first frame arrives, too.
 void tst_Icon::changes()
 {
-    Scene shown(scene(QStringLiteral("UiIcon { objectName: 'icon'; iconName: 'add' }")),
-                QSize(200, 100));
+    Scene shown(scene(QStringLiteral("UiIcon { objectName: 'icon'; iconName: 'add' }")), kWindow);
     QVERIFY(shown.isValid());
     auto *icon = shown.find<Icon>("icon");
     const double ratio = shown.window()->effectiveDevicePixelRatio();
@@ -294,40 +256,31 @@ void tst_Icon::changes()
     QVERIFY(isBlank(shown.window()->grabWindow(), QRect(0, 0, 30, 30)));
 }
 
-// Windows may have graphics contexts of their own, each with its own textures.
-void tst_Icon::otherWindow()
+// Windows may have graphics contexts of their own, each with its own textures, and lose them.
+void tst_Icon::windows()
 {
     const QString body = scene(QStringLiteral("UiIcon { objectName: 'icon'; iconName: 'add' }"));
-    Scene first(body, QSize(200, 100));
+    Scene first(body, kWindow);
     QVERIFY(first.isValid());
-    const double ratio = first.window()->effectiveDevicePixelRatio();
+    const QImage glyph = cell(24, first.window()->effectiveDevicePixelRatio(), "add");
     auto *icon = first.find<Icon>("icon");
     {
-        Scene second(scene(QString()), QSize(200, 100));
+        Scene second(scene(QString()), kWindow);
         QVERIFY(second.isValid());
-        QVERIFY(shows(first.window(), cell(24, ratio, "add")));
+        QVERIFY(shows(first.window(), glyph));
         icon->setParentItem(second.root());
-        QVERIFY(shows(second.window(), cell(24, ratio, "add")));
+        QVERIFY(shows(second.window(), glyph));
         QVERIFY(isBlank(first.window()->grabWindow(), QRect(0, 0, 30, 30)));
         icon->setParentItem(first.root());
     }
-    QVERIFY(shows(first.window(), cell(24, ratio, "add")));
-}
-
-void tst_Icon::shownAgain()
-{
-    Scene shown(scene(QStringLiteral("UiIcon { objectName: 'icon'; iconName: 'add' }")),
-                QSize(200, 100));
-    QVERIFY(shown.isValid());
-    shown.window()->setPersistentSceneGraph(false);
-    shown.window()->setPersistentOpenGLContext(false);
-    const double ratio = shown.window()->effectiveDevicePixelRatio();
+    first.window()->setPersistentSceneGraph(false);
+    first.window()->setPersistentOpenGLContext(false);
     for (int round = 0; round < 3; ++round) {
-        QVERIFY(shows(shown.window(), cell(24, ratio, "add")));
-        shown.window()->hide();
-        shown.window()->show();
-        QVERIFY(QTest::qWaitForWindowExposed(shown.window()));
-        QTRY_VERIFY(!shown.window()->grabWindow().isNull()); // late news of the hide may still come
+        QVERIFY(shows(first.window(), glyph));
+        first.window()->hide();
+        first.window()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(first.window()));
+        QTRY_VERIFY(!first.window()->grabWindow().isNull()); // late news of the hide may still come
     }
 }
 

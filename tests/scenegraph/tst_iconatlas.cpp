@@ -2,6 +2,7 @@
 
 #include "scenegraph/iconatlas_p.h"
 #include "scenegraph/icongeometry_p.h"
+#include "scenegraph/iconimages_p.h"
 
 #include <TamberUi/Icon>
 
@@ -15,16 +16,14 @@ class tst_IconAtlas : public ta::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void records_data();
     void records();
     void pictures_data();
     void pictures();
     void choice();
-    void cells_data();
     void cells();
     void names();
-    void geometry();
     void sharedGeometry();
+    void imagesStayWithIcons();
 };
 
 namespace {
@@ -53,45 +52,39 @@ int ink(const QImage &image)
 
 } // namespace
 
-void tst_IconAtlas::records_data()
-{
-    QTest::addColumn<int>("size");
-    QTest::addColumn<double>("ratio");
-    QTest::addColumn<int>("imageSize");
-    QTest::addColumn<int>("cell");
-    QTest::addColumn<int>("columns");
-    QTest::addColumn<int>("count");
-    QTest::newRow("16") << 16 << 1.0 << 256 << 16 << 8 << 57;
-    QTest::newRow("16@2x") << 16 << 2.0 << 512 << 32 << 8 << 57;
-    QTest::newRow("24") << 24 << 1.0 << 512 << 24 << 12 << 129;
-    QTest::newRow("24@2x") << 24 << 2.0 << 1024 << 48 << 12 << 129;
-    QTest::newRow("32") << 32 << 1.0 << 256 << 32 << 7 << 47;
-    QTest::newRow("32@2x") << 32 << 2.0 << 512 << 64 << 7 << 47;
-}
-
 void tst_IconAtlas::records()
 {
-    QFETCH(int, size);
-    QFETCH(double, ratio);
-    QFETCH(int, imageSize);
-    QFETCH(int, columns);
-    const IconAtlas &atlas = getAtlas(size, ratio);
-    QTEST(atlas.cellSize, "cell");
-    QTEST(atlas.entryCount, "count");
-    QCOMPARE(picture(atlas).size(), QSize(imageSize, imageSize));
-    QCOMPARE(int(atlas.data[24]), 8); // bits a channel
-    QCOMPARE(int(atlas.data[25]), 6); // RGBA
-    QCOMPARE(int(atlas.data[28]), 0); // not interlaced
-    QCOMPARE(atlas.cellFraction, float(atlas.cellSize) / float(imageSize));
-    QVERIFY(qAbs(atlas.gapFraction - 2.0f / float(imageSize)) <= 0.0000006f);
-    QCOMPARE(QByteArray(atlas.entries[0].name), QByteArray());
-    QSet<QByteArray> seen;
-    for (int i = 0; i < atlas.entryCount; ++i) {
-        QCOMPARE(atlas.entries[i].column, i % columns);
-        QCOMPARE(atlas.entries[i].row, i / columns);
-        seen.insert(atlas.entries[i].name);
+    const struct
+    {
+        int size;
+        double ratio;
+        int imageSize;
+        int cell;
+        int columns;
+        int count;
+    } rows[] = {
+        { 16, 1, 256, 16, 8, 57 },    { 16, 2, 512, 32, 8, 57 }, { 24, 1, 512, 24, 12, 129 },
+        { 24, 2, 1024, 48, 12, 129 }, { 32, 1, 256, 32, 7, 47 }, { 32, 2, 512, 64, 7, 47 },
+    };
+    for (const auto &row : rows) {
+        const IconAtlas &atlas = getAtlas(row.size, row.ratio);
+        QCOMPARE(atlas.cellSize, row.cell);
+        QCOMPARE(atlas.entryCount, row.count);
+        QCOMPARE(picture(atlas).size(), QSize(row.imageSize, row.imageSize));
+        QCOMPARE(int(atlas.data[24]), 8); // bits a channel
+        QCOMPARE(int(atlas.data[25]), 6); // RGBA
+        QCOMPARE(int(atlas.data[28]), 0); // not interlaced
+        QCOMPARE(atlas.cellFraction, float(atlas.cellSize) / float(row.imageSize));
+        QVERIFY(qAbs(atlas.gapFraction - 2.0f / float(row.imageSize)) <= 0.0000006f);
+        QCOMPARE(QByteArray(atlas.entries[0].name), QByteArray());
+        QSet<QByteArray> seen;
+        for (int i = 0; i < atlas.entryCount; ++i) {
+            QCOMPARE(atlas.entries[i].column, i % row.columns);
+            QCOMPARE(atlas.entries[i].row, i / row.columns);
+            seen.insert(atlas.entries[i].name);
+        }
+        QCOMPARE(seen.count(), atlas.entryCount);
     }
-    QCOMPARE(seen.count(), atlas.entryCount);
 }
 
 void tst_IconAtlas::pictures_data()
@@ -157,38 +150,29 @@ void tst_IconAtlas::choice()
     QCOMPARE(&getAtlas(-1, 1), &iconAtlas_24());
 }
 
-void tst_IconAtlas::cells_data()
-{
-    QTest::addColumn<int>("size");
-    QTest::addColumn<double>("ratio");
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<QPointF>("place");
-    QTest::addColumn<double>("extent");
-    QTest::newRow("close@2x") << 16 << 2.0 << QByteArray("close") << QPointF(4 * 0.066406, 0.066406)
-                              << 0.0625;
-    QTest::newRow("close") << 16 << 1.0 << QByteArray("close") << QPointF(4 * 0.070313, 0.070313)
-                           << 0.0625;
-    QTest::newRow("last of 24") << 24 << 1.0 << QByteArray("width")
-                                << QPointF(8 * 0.050781, 10 * 0.050781) << 0.046875;
-    QTest::newRow("last of 32") << 32 << 2.0 << QByteArray("wifi-config")
-                                << QPointF(4 * 0.128906, 6 * 0.128906) << 0.125;
-    QTest::newRow("unknown") << 24 << 1.0 << QByteArray("no such glyph") << QPointF(0, 0)
-                             << 0.046875;
-    QTest::newRow("other case") << 16 << 1.0 << QByteArray("Close") << QPointF(0, 0) << 0.0625;
-    QTest::newRow("none") << 32 << 1.0 << QByteArray() << QPointF(0, 0) << 0.125;
-}
-
 void tst_IconAtlas::cells()
 {
-    QFETCH(int, size);
-    QFETCH(double, ratio);
-    QFETCH(QByteArray, name);
-    QFETCH(QPointF, place);
-    QFETCH(double, extent);
-    const QRectF cell = iconCell(size, ratio, name);
-    QVERIFY2(qAbs(cell.x() - place.x()) < 1e-6 && qAbs(cell.y() - place.y()) < 1e-6,
-             qPrintable(QStringLiteral("%1 %2").arg(cell.x()).arg(cell.y())));
-    QCOMPARE(cell.size(), QSizeF(extent, extent));
+    const struct
+    {
+        int size;
+        double ratio;
+        const char *name;
+        QPointF place;
+        double extent;
+    } rows[] = {
+        { 16, 2, "close", QPointF(4 * 0.066406, 0.066406), 0.0625 },
+        { 16, 1, "close", QPointF(4 * 0.070313, 0.070313), 0.0625 },
+        { 24, 1, "width", QPointF(8 * 0.050781, 10 * 0.050781), 0.046875 },
+        { 32, 2, "wifi-config", QPointF(4 * 0.128906, 6 * 0.128906), 0.125 },
+        { 24, 1, "no such glyph", QPointF(), 0.046875 },
+        { 16, 1, "Close", QPointF(), 0.0625 },
+        { 32, 1, "", QPointF(), 0.125 },
+    };
+    for (const auto &row : rows) {
+        const QRectF cell = iconCell(row.size, row.ratio, row.name);
+        QVERIFY2((cell.topLeft() - row.place).manhattanLength() < 2e-6, row.name);
+        QCOMPARE(cell.size(), QSizeF(row.extent, row.extent));
+    }
 }
 
 void tst_IconAtlas::names()
@@ -203,21 +187,6 @@ void tst_IconAtlas::names()
     QCOMPARE(icon.iconNamesForSize(Icon::Icon_48x48), icon.iconNamesForSize(Icon::Icon_24x24));
 }
 
-void tst_IconAtlas::geometry()
-{
-    const IconGeometry quad(16, 1, "close");
-    QCOMPARE(quad.vertexCount(), 4);
-    QCOMPARE(quad.indexCount(), 0);
-    QCOMPARE(quad.drawingMode(), uint(QSGGeometry::DrawTriangleStrip));
-    QCOMPARE(quad.vertexDataPattern(), QSGGeometry::StaticPattern);
-    const QSGGeometry::TexturedPoint2D *vertices = quad.vertexDataAsTexturedPoint2D();
-    QCOMPARE(QPointF(vertices[0].x, vertices[0].y), QPointF(0, 0));
-    QCOMPARE(QPointF(vertices[3].x, vertices[3].y), QPointF(16, 16));
-    const QRectF cell = iconCell(16, 1, "close");
-    QCOMPARE(vertices[0].tx, float(cell.left()));
-    QCOMPARE(vertices[3].ty, float(cell.bottom()));
-}
-
 void tst_IconAtlas::sharedGeometry()
 {
     QSharedPointer<IconGeometry> first = IconGeometry::get(16, 1, QStringLiteral("close"));
@@ -229,6 +198,17 @@ void tst_IconAtlas::sharedGeometry()
     first.clear();
     QVERIFY(!weak.toStrongRef());
     QVERIFY(IconGeometry::get(16, 1, QStringLiteral("close")));
+}
+
+void tst_IconAtlas::imagesStayWithIcons()
+{
+    const auto key = [] { return iconAtlasImage(iconAtlas_16()).cacheKey(); };
+    auto icon = std::make_unique<Icon>();
+    const qint64 first = key();
+    icon = std::make_unique<Icon>(); // before the other one goes
+    QCOMPARE(key(), first);
+    icon.reset();
+    QVERIFY(key() != first);
 }
 
 TAMBER_TEST_MAIN(tst_IconAtlas)

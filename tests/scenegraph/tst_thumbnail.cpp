@@ -26,24 +26,18 @@ class tst_Thumbnail : public TestCase
 private Q_SLOTS:
     void initTestCase();
     void cleanup();
-    void fitting_data();
     void fitting();
-    void decodedForTheScreen();
     void disabled();
-    void nothingToShow_data();
     void nothingToShow();
     void manyAskForOne();
     void latestSourceWins();
     void clearedWhileLoading();
-    void manySourcesInOneFrame();
     void sizeChanges();
     void oddSizes();
     void declaredPropertiesLoadOnce();
     void twoWindows();
-    void movedBetweenWindows();
     void hiddenAndShownAgain();
     void windowClosedWhileLoading();
-    void handlersThatDestroy_data();
     void handlersThatDestroy();
 
 private:
@@ -108,56 +102,43 @@ void tst_Thumbnail::cleanup()
     TestCase::cleanup();
 }
 
-void tst_Thumbnail::fitting_data()
-{
-    QTest::addColumn<QSize>("picture");
-    QTest::addColumn<QRect>("region");
-    QTest::addColumn<QSize>("item");
-    QTest::addColumn<QRect>("expected");
-    QTest::addColumn<bool>("leftOnly"); // no black half
-    QTest::newRow("scaled down") << QSize(4000, 3000) << QRect() << QSize(200, 100)
-                                 << QRect(33, 0, 133, 100) << false;
-    QTest::newRow("stretched") << QSize(100, 50) << QRect() << QSize(400, 400)
-                               << QRect(0, 100, 400, 200) << false;
-    QTest::newRow("region") << QSize(200, 100) << QRect(10, 10, 50, 40) << QSize(100, 100)
-                            << QRect(0, 10, 100, 80) << true;
-    QTest::newRow("region over the middle") << QSize(200, 100) << QRect(80, 0, 40, 40)
-                                            << QSize(100, 100) << QRect(0, 0, 100, 100) << false;
-}
-
 void tst_Thumbnail::fitting()
 {
-    QFETCH(QSize, picture);
-    QFETCH(QRect, region);
-    QFETCH(QSize, item);
-    QFETCH(QRect, expected);
-    QFETCH(bool, leftOnly);
-    const ProbeImage probe(folder(), QStringLiteral("fitting"), picture, Qt::red);
-    Board board({});
-    QVERIFY(board.isValid());
-    Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(QPoint(10, 10), item));
-    thumbnail->setRegion(region);
-    const QRectF area = QRectF(expected).translated(10, 10);
-    QTRY_COMPARE(board.pixel(area.topLeft() + QPointF(1, 1)), QColor(Qt::red));
-    QCOMPARE(board.pixel(QPointF(area.left() + area.width() / 4, area.bottom() - 2)),
-             QColor(Qt::red));
-    QCOMPARE(board.pixel(area.bottomRight() - QPointF(2, 2)),
-             QColor(leftOnly ? Qt::red : Qt::black));
-    for (const QPointF &outside :
-         { area.topLeft() - QPointF(2, 0), area.topLeft() - QPointF(0, 2),
-           area.bottomRight() + QPointF(1, -2), area.bottomRight() + QPointF(-2, 1) })
-        QCOMPARE(board.pixel(outside), QColor(Qt::white));
-}
-
-void tst_Thumbnail::decodedForTheScreen()
-{
-    const ProbeImage probe(folder(), QStringLiteral("screen"), QSize(4000, 3000));
-    Board board({});
-    QVERIFY(board.isValid());
-    board.addThumbnail(probe.url(), QRect(0, 0, 200, 100));
-    QTRY_COMPARE(probe.readCount(), 1);
-    const bool doubled = board.window()->effectiveDevicePixelRatio() > 1.5;
-    QCOMPARE(probe.decodedSize(), doubled ? QSize(266, 200) : QSize(133, 100));
+    const struct
+    {
+        QSize picture;
+        QRect region;
+        QSize item;
+        QRect expected;
+        bool leftOnly; // no black half
+    } rows[] = {
+        { { 4000, 3000 }, {}, { 200, 100 }, { 33, 0, 133, 100 }, false },
+        { { 100, 50 }, {}, { 400, 400 }, { 0, 100, 400, 200 }, false },
+        { { 200, 100 }, { 10, 10, 50, 40 }, { 100, 100 }, { 0, 10, 100, 80 }, true },
+        { { 200, 100 }, { 80, 0, 40, 40 }, { 100, 100 }, { 0, 0, 100, 100 }, false },
+    };
+    int number = 0;
+    for (const auto &row : rows) {
+        const ProbeImage probe(folder(), QStringLiteral("fitting%1").arg(++number), row.picture);
+        Board board({});
+        QVERIFY(board.isValid());
+        Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(QPoint(10, 10), row.item));
+        thumbnail->setRegion(row.region);
+        const QRectF area = QRectF(row.expected).translated(10, 10);
+        QTRY_COMPARE(board.pixel(area.topLeft() + QPointF(1, 1)), QColor(Qt::red));
+        QCOMPARE(board.pixel(QPointF(area.left() + area.width() / 4, area.bottom() - 2)),
+                 QColor(Qt::red));
+        QCOMPARE(board.pixel(area.bottomRight() - QPointF(2, 2)),
+                 QColor(row.leftOnly ? Qt::red : Qt::black));
+        for (const QPointF &outside :
+             { area.topLeft() - QPointF(2, 0), area.topLeft() - QPointF(0, 2),
+               area.bottomRight() + QPointF(1, -2), area.bottomRight() + QPointF(-2, 1) })
+            QCOMPARE(board.pixel(outside), QColor(Qt::white));
+        if (number == 1) {
+            const bool doubled = board.window()->effectiveDevicePixelRatio() > 1.5;
+            QCOMPARE(probe.decodedSize(), doubled ? QSize(266, 200) : QSize(133, 100));
+        }
+    }
 }
 
 void tst_Thumbnail::disabled()
@@ -180,29 +161,23 @@ void tst_Thumbnail::disabled()
     delete thumbnail;
 }
 
-void tst_Thumbnail::nothingToShow_data()
-{
-    QTest::addColumn<QUrl>("source");
-    QTest::newRow("empty") << QUrl();
-    QTest::newRow("resource") << QUrl(QStringLiteral("qrc:/ui/images/checkmark.png"));
-    QTest::newRow("network") << QUrl(QStringLiteral("http://localhost/a.png"));
-    QTest::newRow("missing") << QUrl::fromLocalFile(QStringLiteral("/nowhere.png"));
-    QTest::newRow("folder") << QUrl::fromLocalFile(m_folder.path());
-}
-
 // What was shown before goes.
 void tst_Thumbnail::nothingToShow()
 {
-    QFETCH(QUrl, source);
     const ProbeImage probe(folder(), QStringLiteral("before"), QSize(40, 40));
     Board board({});
     QVERIFY(board.isValid());
-    Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
-    QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
-    thumbnail->setSource(source);
-    QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
-    thumbnail->setEnabled(false);
-    QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+    Thumbnail *thumbnail = board.addThumbnail(QUrl(), QRect(0, 0, 100, 100));
+    for (const char *source : { "", "qrc:/ui/images/checkmark.png", "http://localhost/a.png",
+                                "file:///nowhere.png", "file:///tmp" }) {
+        thumbnail->setSource(probe.url());
+        QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
+        thumbnail->setSource(QUrl(QLatin1String(source)));
+        QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+        thumbnail->setEnabled(false);
+        QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+        thumbnail->setEnabled(true);
+    }
 }
 
 void tst_Thumbnail::manyAskForOne()
@@ -229,14 +204,18 @@ void tst_Thumbnail::latestSourceWins()
     first.hold();
     Board board({});
     QVERIFY(board.isValid());
-    Thumbnail *thumbnail = board.addThumbnail(first.url(), QRect(0, 0, 100, 100));
-    QTRY_VERIFY(first.isBeingRead());
-    thumbnail->setSource(second.url());
+    Thumbnail *thumbnail = board.addThumbnail(QUrl(), QRect(0, 0, 100, 100));
+    for (int i = 0; i < 50; ++i) {
+        thumbnail->setSource(first.url());
+        thumbnail->setSource(second.url());
+    }
     QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::green));
+    QTRY_VERIFY(first.isBeingRead());
     first.release();
     waitForLoads();
-    QCOMPARE(first.readCount(), 1);
     QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::green));
+    QCOMPARE(first.readCount() + second.readCount(), 2);
+    QVERIFY(thumbnail->children().isEmpty());
 }
 
 void tst_Thumbnail::clearedWhileLoading()
@@ -257,24 +236,6 @@ void tst_Thumbnail::clearedWhileLoading()
     waitForLoads();
     thumbnail->setSource(QUrl());
     QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
-}
-
-void tst_Thumbnail::manySourcesInOneFrame()
-{
-    const ProbeImage a(folder(), QStringLiteral("a"), QSize(40, 40), Qt::red);
-    const ProbeImage b(folder(), QStringLiteral("b"), QSize(40, 40), Qt::green);
-    Board board({});
-    QVERIFY(board.isValid());
-    Thumbnail *thumbnail = board.addThumbnail(QUrl(), QRect(0, 0, 100, 100));
-    for (int i = 0; i < 50; ++i) {
-        thumbnail->setSource(a.url());
-        thumbnail->setSource(b.url());
-    }
-    QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::green));
-    waitForLoads();
-    QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::green));
-    QCOMPARE(a.readCount() + b.readCount(), 2);
-    QCOMPARE(thumbnail->findChildren<QObject *>().count(), 0);
 }
 
 // A size that is the same in whole pixels loads nothing anew.
@@ -335,43 +296,31 @@ void tst_Thumbnail::declaredPropertiesLoadOnce()
 
 void tst_Thumbnail::twoWindows()
 {
-    const ProbeImage red(folder(), QStringLiteral("red"), QSize(40, 40), Qt::red);
+    const ProbeImage probe(folder(), QStringLiteral("moved"), QSize(40, 40));
     const ProbeImage green(folder(), QStringLiteral("green"), QSize(40, 40), Qt::green);
+    const QColor shown(172, 172, 172); // half of the grey of red, on white
     Board second({});
     QVERIFY(second.isValid());
-    second.addThumbnail(green.url(), QRect(0, 0, 100, 100));
-    second.addThumbnail(QUrl(), QRect(100, 0, 100, 100));
+    second.addThumbnail(green.url(), QRect(0, 100, 100, 100));
     {
         Board first({});
         QVERIFY(first.isValid());
-        first.addThumbnail(red.url(), QRect(0, 0, 100, 100));
-        first.addThumbnail(QUrl(), QRect(100, 0, 100, 100));
-        QTRY_COMPARE(first.pixel(QPointF(20, 50)), QColor(Qt::red));
-        QTRY_COMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::green));
+        Thumbnail *thumbnail = first.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
+        thumbnail->setEnabled(false);
+        for (Board *board : { &first, &second, &first, &second, &first }) {
+            board->addThumbnail(QUrl(), QRect(100, 0, 100, 100));
+            thumbnail->setParentItem(board->root());
+            QTRY_VERIFY(isAbout(board->pixel(QPointF(20, 50)), shown));
+            QCOMPARE(board->pixel(QPointF(150, 50)), QColor(Qt::white));
+        }
+        QCOMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::white));
+        QCOMPARE(probe.readCount(), 1);
     }
     second.addThumbnail(QUrl(), QRect(200, 0, 100, 100));
-    second.addThumbnail(red.url(), QRect(0, 100, 100, 100));
-    QTRY_COMPARE(second.pixel(QPointF(20, 150)), QColor(Qt::red));
-    QCOMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::green));
-    QCOMPARE(second.pixel(QPointF(150, 50)), QColor(Qt::white));
+    second.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
+    QTRY_COMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::red));
+    QCOMPARE(second.pixel(QPointF(20, 150)), QColor(Qt::green));
     QCOMPARE(second.pixel(QPointF(250, 50)), QColor(Qt::white));
-}
-
-void tst_Thumbnail::movedBetweenWindows()
-{
-    const ProbeImage probe(folder(), QStringLiteral("moved"), QSize(40, 40));
-    Board first({});
-    Board second({});
-    QVERIFY(first.isValid() && second.isValid());
-    Thumbnail *thumbnail = first.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
-    thumbnail->setEnabled(false);
-    const QColor shown(172, 172, 172); // half of the grey of red, on white
-    for (Board *board : { &first, &second, &first, &second }) {
-        thumbnail->setParentItem(board->root());
-        QTRY_VERIFY(isAbout(board->pixel(QPointF(20, 50)), shown));
-    }
-    QCOMPARE(first.pixel(QPointF(20, 50)), QColor(Qt::white));
-    QCOMPARE(probe.readCount(), 1);
 }
 
 // The graphics context goes with the frame; there is a new one when the window comes back.
@@ -418,29 +367,24 @@ void tst_Thumbnail::windowClosedWhileLoading()
     QCOMPARE(probe.readCount(), 4);
 }
 
-void tst_Thumbnail::handlersThatDestroy_data()
-{
-    QTest::addColumn<QByteArray>("property");
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("source") << QByteArray("source")
-                            << QVariant(QUrl::fromLocalFile(m_folder.path()));
-    QTest::newRow("region") << QByteArray("region") << QVariant(QRect(1, 2, 3, 4));
-    QTest::newRow("width") << QByteArray("width") << QVariant(77.0);
-}
-
 void tst_Thumbnail::handlersThatDestroy()
 {
-    QFETCH(QByteArray, property);
-    QFETCH(QVariant, value);
     const ProbeImage probe(folder(), QStringLiteral("destroyed"), QSize(40, 40));
-    QPointer<Thumbnail> thumbnail = new Thumbnail;
-    thumbnail->setSource(probe.url());
-    const auto destroy = [&] { delete thumbnail; };
-    connect(thumbnail, &Thumbnail::sourceChanged, this, destroy);
-    connect(thumbnail, &Thumbnail::regionChanged, this, destroy);
-    connect(thumbnail, &QQuickItem::widthChanged, this, destroy);
-    thumbnail->setProperty(property, value);
-    QVERIFY(!thumbnail);
+    const QPair<const char *, QVariant> rows[] = {
+        { "source", QUrl(QStringLiteral("file:///nowhere.png")) },
+        { "region", QRect(1, 2, 3, 4) },
+        { "width", 77.0 },
+    };
+    for (const auto &row : rows) {
+        QPointer<Thumbnail> thumbnail = new Thumbnail;
+        thumbnail->setSource(probe.url());
+        const auto destroy = [&] { delete thumbnail; };
+        connect(thumbnail, &Thumbnail::sourceChanged, this, destroy);
+        connect(thumbnail, &Thumbnail::regionChanged, this, destroy);
+        connect(thumbnail, &QQuickItem::widthChanged, this, destroy);
+        thumbnail->setProperty(row.first, row.second);
+        QVERIFY(!thumbnail);
+    }
 }
 
 TAMBER_TEST_MAIN(tst_Thumbnail)

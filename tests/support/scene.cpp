@@ -52,15 +52,17 @@ Scene::Scene(const QString &body, const QSize &size)
     std::unique_ptr<QObject> object = create(document);
     auto *root = qobject_cast<QQuickItem *>(object.get());
     if (!root)
-        return;
+        qFatal("The QML of a scene is wrong, or its root is no item");
     object.release();
     root->setParent(m_window.get());
     root->setParentItem(m_window->contentItem());
     // A new window is activated without being asked for. Asking as well, a window manager takes the
     // focus away for a moment, some time after it gave it; a press is forgotten then.
     m_window->show();
-    if (QTest::qWaitForWindowExposed(m_window.get()) && QTest::qWaitForWindowActive(m_window.get()))
-        m_root = root;
+    if (!QTest::qWaitForWindowExposed(m_window.get())
+        || !QTest::qWaitForWindowActive(m_window.get()))
+        qFatal("The window of a scene was not shown");
+    m_root = root;
 }
 
 Scene::~Scene()

@@ -13,7 +13,8 @@ namespace ta::test {
 
     The window's content measures 800 x 600 unless told otherwise. The piece is the body of an Item
     that fills the window; QtQuick, the private module and, where the test program has asked for it
-    with useKit(), the kit are imported.
+    with useKit(), the kit are imported. Where the QML is wrong or the window is not shown, the test
+    program ends at once.
 */
 class Scene
 {
@@ -24,7 +25,7 @@ public:
     /// From now on, scenes import the kit as well.
     static void useKit();
 
-    /// Whether the QML could be loaded and the window was shown.
+    /// Whether the root is still there.
     bool isValid() const { return m_root; }
     QQmlEngine &engine() { return m_engine; }
     QQuickWindow *window() const { return m_window.get(); }

@@ -18,8 +18,8 @@ class CalendarInfoPrivate;
 
     Nothing is computed before a date is set, and only a date in another month announces new days.
 
-    QML: \c UiCalendarInfo of "tamber.Ui.Private" 1.0. QML's dates have a time of day and a time
-   zone; see the class's README about what becomes of them.
+    QML: \c UiCalendarInfo of "tamber.Ui.Private" 1.0. Of a date that QML writes, the day in local
+   time counts; the dates that QML reads begin at midnight UTC.
 */
 class TAMBERUI_EXPORT CalendarInfo : public QObject
 {

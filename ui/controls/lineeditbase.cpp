@@ -8,6 +8,8 @@
 #include <QtCore/QPointer>
 #include <QtGui/QCursor>
 
+#include <utility>
+
 namespace ta::ui {
 
 namespace {
@@ -37,11 +39,13 @@ public:
     void endEdit();
     void moveCursorToStart();
     void selectAll();
+    void watchEnabled();
 
     LineEditBase *const q;
     QPointer<QQuickItem> textInput;
     bool bindable = false;
     bool hovered = false;
+    bool watchesEnabled = false;
     QString text;
     QString placeHolderText;
     QMetaMethod selectAllMethod;
@@ -155,20 +159,28 @@ void LineEditBasePrivate::selectAll()
         selectAllMethod.invoke(item);
 }
 
+// Disabling ends hover: no leave event need follow. Qt may not be told so from within itemChange(),
+// after which it goes on with an item that a handler may have destroyed.
+void LineEditBasePrivate::watchEnabled()
+{
+    if (std::exchange(watchesEnabled, true))
+        return;
+    // An item whose parent is disabled becomes enabled when it is destroyed; this is gone then.
+    QObject::connect(q, &QQuickItem::enabledChanged, q, [this, edit = q] {
+        if (!edit->isEnabled() && assign(hovered, false))
+            Q_EMIT edit->hoveredChanged();
+    });
+}
+
 LineEditBase::LineEditBase(QQuickItem *parent)
     : QQuickItem(parent), d(std::make_unique<LineEditBasePrivate>(this))
 {
     setFlag(ItemIsFocusScope);
     setAcceptHoverEvents(true);
-    connect(this, &QQuickItem::enabledChanged, this, &LineEditBase::updateCursorShape);
     updateCursorShape();
 }
 
-LineEditBase::~LineEditBase()
-{
-    // It becomes enabled once more after this when it leaves a parent that is disabled.
-    disconnect(this, &QQuickItem::enabledChanged, this, nullptr);
-}
+LineEditBase::~LineEditBase() = default;
 
 QQuickItem *LineEditBase::textInput() const
 {
@@ -325,6 +337,7 @@ void LineEditBase::focusInEvent(QFocusEvent *event)
 
 void LineEditBase::hoverEnterEvent(QHoverEvent *)
 {
+    d->watchEnabled();
     d->hovered = true;
     Q_EMIT hoveredChanged();
 }
@@ -335,12 +348,17 @@ void LineEditBase::hoverLeaveEvent(QHoverEvent *)
     Q_EMIT hoveredChanged();
 }
 
-// Disabling ends hover, too: no leave event need follow.
+// No connection to enabledChanged() is needed for this, which costs more memory than all the rest.
+void LineEditBase::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    if (change == ItemEnabledHasChanged)
+        updateCursorShape();
+    QQuickItem::itemChange(change, data);
+}
+
 void LineEditBase::updateCursorShape()
 {
     setCursor(isEnabled() ? Qt::IBeamCursor : Qt::ArrowCursor);
-    if (!isEnabled() && assign(d->hovered, false))
-        Q_EMIT hoveredChanged();
 }
 
 } // namespace ta::ui

@@ -99,6 +99,7 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void hoverEnterEvent(QHoverEvent *event) override;
     void hoverLeaveEvent(QHoverEvent *event) override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private Q_SLOTS:
     void updateCursorShape();

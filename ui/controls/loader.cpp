@@ -5,6 +5,7 @@
 #include "foundation/logging.h"
 #include "foundation/turn.h"
 
+#include <QtCore/QMetaMethod>
 #include <QtQml/QQmlIncubator>
 
 #include <utility>
@@ -32,6 +33,7 @@ public:
     void updateItem();
     void releaseItem();
     void createItem();
+    void followItem();
     void adopt(QObject *object);
 
     Loader *const q;
@@ -191,8 +193,19 @@ void LoaderPrivate::createItem()
     }
     if (!item)
         return;
-    QObject::connect(item, &QQuickItem::implicitWidthChanged, q, &Loader::updateImplicitSize);
-    QObject::connect(item, &QQuickItem::implicitHeightChanged, q, &Loader::updateImplicitSize);
+    followItem();
+}
+
+// By numbers: pointers to members would be stored with each connection.
+void LoaderPrivate::followItem()
+{
+    static const int width = QMetaMethod::fromSignal(&QQuickItem::implicitWidthChanged)
+                                 .methodIndex();
+    static const int height = QMetaMethod::fromSignal(&QQuickItem::implicitHeightChanged)
+                                  .methodIndex();
+    static const int update = Loader::staticMetaObject.indexOfSlot("updateImplicitSize()");
+    QMetaObject::connect(item, height, q, update, Qt::DirectConnection);
+    QMetaObject::connect(item, width, q, update, Qt::DirectConnection);
 }
 
 // Runs between creation and completion, so that the item's bindings see the values.

@@ -164,7 +164,7 @@ bool ContextMenuPrivate::open(const QPointF &screenPosition)
                                         });
     if (assign(menuVisible, true))
         Q_EMIT q->menuVisibleChanged();
-    if (!guard || item != menuItem)
+    if (!guard || !item || item != menuItem)
         return true;
 
     if (onStack) // opened by a handler of the signals that tell that it closes

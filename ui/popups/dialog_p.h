@@ -36,7 +36,9 @@ public:
     void releaseHosts();
     void joinStack();
     void leaveStack();
-    void bequeathFocus(const QQuickItem *closing);
+    /// A dialog that was opened from what is \a closing, and outlives it, keeps the focus now and
+    /// later gives it back to \a focusItem, which would get it otherwise and is null then.
+    static void bequeathFocus(const QQuickItem *closing, QPointer<QQuickItem> &focusItem);
     void restoreFocus();
 
     bool press(QObject *watched, const QPointF &screenPosition);

@@ -1,5 +1,7 @@
 #include "popupanchor_p.h"
 
+#include "dialog_p.h"
+#include "focusitem_p.h"
 #include "popupbackground.h"
 #include "popupplacement_p.h"
 #include "popupstack.h"
@@ -13,6 +15,8 @@
 #include <QtCore/QTimer>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
+
+#include <utility>
 
 namespace ta::ui {
 
@@ -114,6 +118,8 @@ void PopupAnchor::setPopupVisible(bool visible)
         return;
     ++d->visibilityChanges;
     const Turn turn(this, d->visibilityChanges);
+    if (visible)
+        d->rememberFocus();
 
     if (visible)
         Q_EMIT aboutToShow();
@@ -169,6 +175,9 @@ void PopupAnchorPrivate::dismiss()
         q->updateAnchorPosition();
     if (turn.isOver())
         return;
+    returnFocus();
+    if (turn.isOver())
+        return;
     setPopupEnabled(false);
     if (turn.isOver())
         return;
@@ -177,6 +186,26 @@ void PopupAnchorPrivate::dismiss()
         releasePopupItem();
         Q_EMIT q->popupItemChanged();
     }
+}
+
+// What an item of the popup itself has was taken from another one before.
+void PopupAnchorPrivate::rememberFocus()
+{
+    QQuickItem *item = focusItem(q->window());
+    if (!isInside(popupItem, item))
+        previousFocusItem = item;
+}
+
+// A popup that has the focus gives it back before it is disabled: nobody would have it then, and
+// the dialog below would not get a key any more.
+void PopupAnchorPrivate::returnFocus()
+{
+    if (popupItem)
+        DialogPrivate::bequeathFocus(popupItem, previousFocusItem);
+    QQuickItem *item = std::exchange(previousFocusItem, nullptr);
+    const bool hasFocus = popupItem && isInside(popupItem, focusItem(popupItem->window()));
+    if (hasFocus && item && item->isEnabled() && item->isVisible())
+        item->forceActiveFocus();
 }
 
 void PopupAnchorPrivate::setPopupEnabled(bool enabled)

@@ -19,7 +19,8 @@ class PopupAnchorPrivate;
     The popup is a component, the anchor's default property. The anchor creates the item, keeps it
    at its own position on a layer above all ordinary content of the window, and closes it on a press
     outside, on Escape, when the window is resized and when any window is closed. While open the
-    popup is the top of the PopupStack, and Tab stays inside it.
+    popup is the top of the PopupStack, and Tab stays inside it. When it closes and has the focus,
+    the item that had it before gets it back.
 
     The anchor never touches the popup item's \c visible or \c opacity: the component shows and
    hides itself by its \c enabled state (or by \l popupVisible), and has 700 ms for an animation

@@ -26,6 +26,8 @@ public:
     void dismiss();
     void joinStack();
     void leaveStack();
+    void rememberFocus();
+    void returnFocus();
     void setPopupEnabled(bool enabled);
 
     bool press(const QPointF &screenPosition);
@@ -54,6 +56,7 @@ public:
     bool creating = false;
     bool onStack = false;
     QSize windowSize; // when the popup was shown
+    QPointer<QQuickItem> previousFocusItem; // as that of a dialog
     int visibilityChanges = 0;
     int placements = 0;
     QMetaObject::Connection frameConnection;

@@ -1,0 +1,231 @@
+#include "popups.h"
+#include "support/signallog.h"
+#include "support/testcase.h"
+
+#include <TamberUi/Tooltip>
+
+using namespace ta::ui;
+using namespace ta::test;
+
+// Delegates of a host, and what handlers and items may destroy while a tooltip comes and goes.
+class tst_TooltipLifetime : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void badDelegates_data();
+    void badDelegates();
+    void ownDelegate();
+    void handlersThatDestroy_data();
+    void handlersThatDestroy();
+    void containsThatDestroys_data();
+    void containsThatDestroys();
+    void windowGoesInTheMiddleOfAMove();
+};
+
+namespace {
+
+const QPoint kOverItem(50, 50);
+const QPoint kBeside(300, 300);
+
+// An item whose shape is decided by code of a host.
+class Trap : public QQuickItem
+{
+    Q_OBJECT
+
+public:
+    std::function<void()> inContains;
+
+    bool contains(const QPointF &point) const override
+    {
+        const bool inside = QQuickItem::contains(point);
+        const auto call = inContains; // which may destroy the item, and its member
+        if (call)
+            call();
+        return inside;
+    }
+};
+
+} // namespace
+
+void tst_TooltipLifetime::initTestCase()
+{
+    Scene::useKit();
+    qmlRegisterType<Trap>("tests.Tooltips", 1, 0, "Trap");
+}
+
+void tst_TooltipLifetime::badDelegates_data()
+{
+    QTest::addColumn<QByteArray>("qml");
+    QTest::addColumn<QString>("warning");
+    const QByteArray item = "import QtQuick 2.15; Item { ";
+    QTest::newRow("none") << QByteArray() << QString();
+    QTest::newRow("syntax error") << QByteArray("Item {") << QStringLiteral("Expected token");
+    QTest::newRow("no item") << QByteArray("import QtQml 2.15; QtObject {}")
+                             << QStringLiteral("must be an item, not a QObject");
+    QTest::newRow("creation fails") << item + "property Item i; i.x: 3 }" << QStringLiteral("null");
+    QTest::newRow("required property")
+        << item + "required property int n }" << QStringLiteral("Required property n");
+}
+
+// Shows nothing, and is complained about once.
+void tst_TooltipLifetime::badDelegates()
+{
+    QFETCH(QByteArray, qml);
+    QFETCH(QString, warning);
+    AgentScene scene;
+    TooltipAgent *agent = scene.agent;
+    QQmlComponent component(&scene.engine());
+    if (!qml.isEmpty())
+        component.setData(qml, QUrl(QStringLiteral("qrc:/delegate.qml")));
+    agent->setTooltipDelegate(qml.isEmpty() ? nullptr : &component);
+    if (!warning.isEmpty())
+        expectWarning(warning);
+    scene.restAt(kOverItem);
+    QVERIFY(!agent->tooltipItem() && !agent->tooltipVisible());
+    cleanup();
+    init(); // a second complaint would be one that was not announced
+    scene.restAt(kOverItem);
+
+    agent->setTooltipDelegate(agent->findChild<QQmlComponent *>());
+    scene.restAt(kOverItem);
+    QVERIFY(agent->tooltipItem() && agent->tooltipVisible());
+}
+
+// It sees what it was declared in, and knows its agent before its bindings do.
+void tst_TooltipLifetime::ownDelegate()
+{
+    AgentScene scene(itemWithTooltip({}),
+                     QStringLiteral("id: root; property Component own: Item {\n"
+                                    "property Item around: root; property bool hasAgent: false\n"
+                                    "property string words: UiTooltipAgent.tooltipText\n"
+                                    "property bool shown: UiTooltipAgent.tooltipVisible\n"
+                                    "Component.onCompleted:\n"
+                                    "hasAgent = UiTooltipAgent.agent !== null }\n"
+                                    "property bool elsewhere: UiTooltipAgent.tooltipVisible\n"
+                                    "|| UiTooltipAgent.tooltipText !== ''\n"));
+    TooltipAgent *agent = scene.agent;
+    scene.restAt(kOverItem);
+    const QPointer<QQuickItem> before = agent->tooltipItem();
+    SignalLog log;
+    log.watch(agent, names({ "tooltipVisibleChanged", "tooltipTextChanged",
+                             "tooltipDelegateChanged", "tooltipItemChanged" }));
+    auto *own = scene.root()->property("own").value<QQmlComponent *>();
+    agent->setTooltipDelegate(own);
+    agent->setTooltipDelegate(own);
+    QCOMPARE(log.take(),
+             names({ "tooltipDelegateChanged", "tooltipVisibleChanged", "tooltipItemChanged" }));
+    QVERIFY(!agent->tooltipItem() && !agent->tooltipVisible());
+    QTRY_VERIFY(!before);
+
+    scene.restAt(kOverItem);
+    QCOMPARE(log.take(), names({ "tooltipItemChanged", "tooltipVisibleChanged" }));
+    const QQuickItem *tip = agent->tooltipItem();
+    QCOMPARE(tip->property("around").value<QQuickItem *>(), scene.root());
+    QVERIFY(tip->property("hasAgent").toBool() && tip->property("shown").toBool());
+    QCOMPARE(tip->property("words").toString(), QStringLiteral("tip"));
+    QVERIFY(!scene.root()->property("elsewhere").toBool());
+
+    // One that somebody else destroys is made again.
+    delete agent->tooltipItem();
+    QCOMPARE(log.take(), names({ "tooltipItemChanged" }));
+    scene.restAt(kOverItem);
+    QVERIFY(agent->tooltipItem());
+}
+
+void tst_TooltipLifetime::handlersThatDestroy_data()
+{
+    QTest::addColumn<QString>("victim");
+    QTest::addColumn<QString>("signal");
+    for (const char *victim : { "agent", "tooltip item", "window", "item" }) {
+        for (const char *signal : { "tooltipItemChanged", "tooltipTextChanged",
+                                    "tooltipVisibleChanged", "tooltipDelegateChanged" })
+            QTest::addRow("%s in %s", victim, signal)
+                << QString::fromLatin1(victim) << QString::fromLatin1(signal);
+    }
+}
+
+void tst_TooltipLifetime::handlersThatDestroy()
+{
+    QFETCH(QString, victim);
+    QFETCH(QString, signal);
+    enum Occasion { Showing, Press, DelegateChange };
+    for (Occasion occasion : { Showing, Press, DelegateChange }) {
+        AgentScene scene;
+        bool armed = occasion == Showing;
+        on(scene.agent, signal, [&] {
+            if (!std::exchange(armed, false))
+                return;
+            if (victim == QLatin1String("tooltip item"))
+                delete scene.agent->tooltipItem();
+            else if (victim == QLatin1String("window"))
+                scene.destroyWindow();
+            else
+                delete scene.find(qPrintable(victim));
+        });
+        scene.restAt(kOverItem);
+        armed = true;
+        if (scene.agent && occasion == Press)
+            press(scene.window(), kOverItem);
+        if (scene.agent && occasion == DelegateChange)
+            scene.agent->setTooltipDelegate(nullptr);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        armed = false;
+    }
+}
+
+void tst_TooltipLifetime::containsThatDestroys_data()
+{
+    QTest::addColumn<int>("unused");
+    for (const char *victim : { "agent", "window", "tooltips", "items" })
+        QTest::newRow(victim) << 0;
+}
+
+void tst_TooltipLifetime::containsThatDestroys()
+{
+    const QString victim = QString::fromLatin1(QTest::currentDataTag());
+    AgentScene scene(QString {});
+    const auto made = scene.create(QStringLiteral("import tests.Tooltips 1.0\n"
+                                                  "Item { %1 }")
+                                       .arg(QStringLiteral("Trap { width: 50; height: 50\n"
+                                                           "UiTooltip { text: 'tip' } }\n")
+                                                .repeated(5)));
+    const auto traps = made->findChildren<Trap *>();
+    bool armed = true;
+    for (Trap *trap : traps) {
+        trap->setParentItem(scene.agent);
+        trap->inContains = [&, trap] {
+            if (!std::exchange(armed, false))
+                return;
+            for (Trap *other : traps) {
+                if (other != trap && victim == QLatin1String("items"))
+                    delete other;
+                else if (other != trap && victim == QLatin1String("tooltips"))
+                    delete other->findChild<Tooltip *>();
+            }
+            if (victim == QLatin1String("window"))
+                scene.destroyWindow();
+            else if (victim == QLatin1String("agent"))
+                delete scene.agent.data();
+        };
+    }
+    QCoreApplication::processEvents(); // the tooltips find their agent
+    scene.restAt(QPoint(20, 20));
+    QVERIFY(!armed);
+    QVERIFY(!scene.agent || !scene.agent->tooltipVisible());
+}
+
+// The window must not get the move that its tooltip's handler destroyed it in.
+void tst_TooltipLifetime::windowGoesInTheMiddleOfAMove()
+{
+    AgentScene scene;
+    scene.restAt(kOverItem);
+    on(scene.agent, QStringLiteral("tooltipVisibleChanged"), [&] { scene.destroyWindow(); });
+    const auto event = makeEvent(QEvent::MouseMove, Qt::NoButton, kBeside);
+    QVERIFY(QCoreApplication::sendEvent(scene.window(), event.get()));
+    QVERIFY(!scene.window());
+}
+
+TAMBER_TEST_MAIN(tst_TooltipLifetime)
+#include "tst_tooltiplifetime.moc"
