@@ -129,6 +129,7 @@ void tst_SliderBase::positionsThatNeverArrive()
     broken.setCustomType(brokenCurve);
     const double anywhere = sliderPositionOf(0.25, { 0, 1 }, broken);
     QVERIFY(anywhere >= 0 && anywhere <= 1);
+    QVERIFY(qIsNaN(sliderValueAt(50, 200, 0, { 0, 1 }, broken))); // which no slider stores
     const double huge = std::numeric_limits<double>::max();
     const double position = sliderPositionOf(huge, { -huge, huge }, QEasingCurve::Linear);
     QVERIFY(position >= 0 && position <= 1);
@@ -233,7 +234,6 @@ void tst_SliderBase::orderInDocuments()
     for (const auto &row : rows) {
         Scene scene(QStringLiteral("UiSliderBase { objectName: 'slider'; %1 }")
                         .arg(QLatin1String(row.first)));
-        QVERIFY(scene.isValid());
         auto *slider = scene.find<SliderBase>("slider");
         QCOMPARE(slider->value(), row.second);
         // Later, the value follows its bounds as ever.
@@ -249,7 +249,6 @@ void tst_SliderBase::drag()
     Scene scene(QStringLiteral("Flickable { objectName: 'flickable'; anchors.fill: parent;"
                                "contentWidth: 3000; contentHeight: 3000; %1 }")
                     .arg(QLatin1String(kSlider)));
-    QVERIFY(scene.isValid());
     auto *slider = scene.find<SliderBase>("slider");
     move(scene.window(), at(100));
     SignalLog log;
@@ -282,7 +281,6 @@ void tst_SliderBase::drag()
 void tst_SliderBase::middleButton()
 {
     Scene scene { QLatin1String(kSlider) };
-    QVERIFY(scene.isValid());
     auto *slider = scene.find<SliderBase>("slider");
     SignalLog log;
     log.watch(slider, names({ "valueChanged", "pressedChanged", "resetRequested" }));
@@ -324,7 +322,6 @@ void tst_SliderBase::bindable()
                                "UiSliderBase { objectName: 'slider'; x: 100; y: 100; width: 200;"
                                "height: 20; bindable: true; value: stored;"
                                "onUpdateRequested: asked.push(newValue) }"));
-    QVERIFY(scene.isValid());
     auto *slider = scene.find<SliderBase>("slider");
     SignalLog log;
     log.watch(slider, names({ "valueChanged", "normalizedValueChanged", "resetRequested" }));
@@ -346,7 +343,6 @@ void tst_SliderBase::bindable()
 void tst_SliderBase::hoverAndDisabling()
 {
     Scene scene { QLatin1String(kSlider) };
-    QVERIFY(scene.isValid());
     auto *slider = scene.find<SliderBase>("slider");
     SignalLog log;
     log.watch(slider, names({ "hoveredChanged", "pressedChanged" }));
@@ -414,7 +410,6 @@ void tst_SliderBase::handlersThatDestroy()
     for (const auto &row : rows) {
         for (Way way : row.second) {
             Scene scene { QLatin1String(kSlider) };
-            QVERIFY(scene.isValid());
             QPointer<SliderBase> slider = scene.find<SliderBase>("slider");
             const auto destroy = [&] { delete slider.data(); };
             if (way == Disable) {

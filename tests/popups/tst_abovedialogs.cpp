@@ -21,10 +21,10 @@ private Q_SLOTS:
     void escape();
     void presses_data();
     void presses();
-    void inputInside_data() { kinds(); }
     void inputInside();
     void tab();
     void chosenEntryClosesDialog();
+    void chosenEntryOpensDialog();
     void dialogClosesFirst_data() { kinds(); }
     void dialogClosesFirst();
     void dialogDestroyed_data() { kinds(); }
@@ -59,13 +59,14 @@ namespace {
 const QString kScene = QStringLiteral(
     "Item { objectName: 'before'; focus: true }\n"
     "MouseArea { objectName: 'under'; property int n: 0; anchors.fill: parent; onPressed: ++n }\n"
+    "UiDialog { id: second; objectName: 'second dialog' }\n"
     "UiDialog { objectName: 'dialog'; headerDelegate: null; footerDelegate: null\n"
     "contentDelegate: Component { FocusScope { property var dialog\n"
     "implicitWidth: 400; implicitHeight: 300; focus: true\n"
     "MouseArea { objectName: 'content'; property int n: 0; anchors.fill: parent; onPressed: ++n }\n"
     "Item { objectName: 'field'; focus: true; activeFocusOnTab: true\n"
     "UiContextMenu { objectName: 'menu'\n"
-    "UiMenuItem { text: 'Stay' }\n"
+    "UiMenuItem { text: 'More'; onTriggered: second.show() }\n"
     "UiMenuItem { objectName: 'leave'; text: 'Leave'; onTriggered: dialog.accept('left') } } }\n"
     "UiPopupAnchor { objectName: 'anchor'; x: -50\n"
     "onPopupItemChanged: if (popupItem) popupItem.forceActiveFocus()\n"
@@ -178,15 +179,12 @@ void tst_AboveDialogs::presses()
 // What reaches out of the dialog gets its input there.
 void tst_AboveDialogs::inputInside()
 {
-    QFETCH(QString, kind);
     m_dialog->setFlags(Dialog::RejectOnClickOutside);
-    openAbove(kind);
+    openAbove(QStringLiteral("popup"));
     click(m_scene->window(), kInMenu);
-    QVERIFY(m_dialog->rootItem());
+    QVERIFY(m_dialog->rootItem() && m_anchor->isPopupVisible());
     QCOMPARE(presses("content") + presses("under"), 0);
-    QCOMPARE(isOpenAbove(), kind == QLatin1String("popup"));
-    if (kind == QLatin1String("popup"))
-        QCOMPARE(presses("choices"), 1);
+    QCOMPARE(presses("choices"), 1);
 }
 
 // Inside of the popup, not of the dialog.
@@ -215,6 +213,21 @@ void tst_AboveDialogs::chosenEntryClosesDialog()
     QVERIFY(hasFocus("before") && !PopupStack::top());
     QTRY_VERIFY(!m_menu); // with the content
     QCOMPARE(m_scene->window()->contentItem()->childItems().count(), 1);
+}
+
+// The menu leaves the stack from below the dialog that its entry has opened.
+void tst_AboveDialogs::chosenEntryOpensDialog()
+{
+    auto *second = m_scene->find<Dialog>("second dialog");
+    openAbove(QStringLiteral("menu"));
+    click(m_scene->window(), kInMenu);
+    QVERIFY(!isOpenAbove() && second->rootItem());
+    QCOMPARE(PopupStack::top(), second);
+    QVERIFY(second->rootItem()->isAncestorOf(m_scene->window()->activeFocusItem()));
+    QTest::keyClick(m_scene->window(), Qt::Key_Escape);
+    QCOMPARE(PopupStack::top(), m_dialog.data());
+    QVERIFY(hasFocus("field"));
+    m_dialog->reject();
 }
 
 // The one above stays until the content goes, and takes no focus along that is elsewhere by then.

@@ -124,7 +124,6 @@ private Q_SLOTS:
 void tst_Border::setters()
 {
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     auto *border = new Probe(scene.root());
     border->setSize(QSizeF(100, 50));
     QVERIFY(scene.waitForFrame());
@@ -231,7 +230,6 @@ void tst_Border::pixels()
         { all, 20, 8, 4, Border::Solid, Qt::red },
     };
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     for (const Look &look : looks) {
         const std::unique_ptr<Border> border(look.make(scene.root()));
         QCOMPARE(difference(scene.window(), { look }), QString());
@@ -242,7 +240,6 @@ void tst_Border::pixels()
 void tst_Border::translucent()
 {
     Scene scene(QStringLiteral("Rectangle { anchors.fill: parent; color: 'black' }"), kWindow);
-    QVERIFY(scene.isValid());
     const QColor color(200, 100, 40, 128);
     Look look { QRectF(20, 20, 100, 50), 4, 1000, 4, Border::Dashed, color };
     Border *border = look.make(scene.root());
@@ -266,7 +263,6 @@ void tst_Border::translucent()
 void tst_Border::changes()
 {
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     const QRectF area(33, 44, 155, 66);
     const Look looks[] = {
         {},
@@ -291,7 +287,6 @@ void tst_Border::changes()
 void tst_Border::neighbours()
 {
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     const QVector<Look> looks = {
         { QRectF(5, 5, 60, 40), 3, 8, 4 },
         { QRectF(75, 5, 60, 40), 3, 8, 9 },
@@ -324,7 +319,6 @@ void tst_Border::windows()
 void tst_Border::strangeSizes()
 {
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     const Look usual { QRectF(80, 80, 60, 40) };
     usual.make(scene.root());
     // Clipped and white, so that what is left to be seen is the usual one.

@@ -2,8 +2,6 @@
 
 #include "scenegraph/bordergeometry_p.h"
 
-#include <cmath>
-
 using namespace ta::ui;
 
 using Row = std::array<double, 3>; // x, y, distance
@@ -18,7 +16,6 @@ private Q_SLOTS:
     void dashed_data();
     void dashed();
     void distances();
-    void indices();
 };
 
 namespace {
@@ -27,15 +24,6 @@ template <typename Vertex>
 QPointF position(const Vertex &vertex)
 {
     return QPointF(vertex.x, vertex.y);
-}
-
-template <typename Vertices>
-double area(const Vertices &vertices, const quint16 *triangle)
-{
-    const QPointF p = position(vertices[triangle[0]]);
-    const QPointF q = position(vertices[triangle[1]]) - p;
-    const QPointF r = position(vertices[triangle[2]]) - p;
-    return std::abs(q.x() * r.y() - q.y() * r.x()) / 2;
 }
 
 } // namespace
@@ -95,25 +83,6 @@ void tst_BorderGeometry::distances()
     const BorderDistances along = borderDistances(QSizeF(1e6 + 0.25, 1e6), 3);
     QCOMPARE(along.right, 1e6 + 0.25);
     QCOMPARE(along.end, 4e6 + 0.5 - 9); // floats would be out by quarters here
-}
-
-// The triangles cover the frame and nothing but the frame, each place once.
-void tst_BorderGeometry::indices()
-{
-    const QSizeF size(100, 50);
-    const double frame = 100 * 50 - 90 * 40;
-
-    const DashedBorderVertices dashed = dashedBorderVertices(size, 5);
-    double covered = 0;
-    for (size_t i = 0; i < kDashedBorderIndices.size(); i += 3)
-        covered += area(dashed, &kDashedBorderIndices[i]);
-    QCOMPARE(covered, frame);
-
-    const SolidBorderVertices solid = solidBorderVertices(size, 5);
-    covered = 0;
-    for (size_t i = 0; i + 2 < kSolidBorderIndices.size(); ++i)
-        covered += area(solid, &kSolidBorderIndices[i]);
-    QCOMPARE(covered, frame);
 }
 
 TAMBER_TEST_MAIN(tst_BorderGeometry)

@@ -102,7 +102,6 @@ private Q_SLOTS:
 void tst_CheckerBoard::setters()
 {
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     auto *board = new Probe(scene.root());
     board->setSize(QSizeF(100, 50));
     QVERIFY(scene.waitForFrame());
@@ -240,7 +239,6 @@ void tst_CheckerBoard::pixels()
         { { 90, 30, 60, 40 }, 9, -75, 1.5 },
     };
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     QQuickItem parent(scene.root());
     parent.setSize(kWindow);
     for (const auto &row : rows) {
@@ -256,7 +254,6 @@ void tst_CheckerBoard::pixels()
 void tst_CheckerBoard::moves()
 {
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     CheckerBoard *board = makeBoard(scene.root(), QRectF(20, 30, 100, 50));
     const std::function<void()> changes[] = {
         [] {},
@@ -277,7 +274,6 @@ void tst_CheckerBoard::moves()
 void tst_CheckerBoard::neighbours()
 {
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     struct Kind
     {
         int tileSize;
@@ -304,7 +300,6 @@ void tst_CheckerBoard::neighbours()
 void tst_CheckerBoard::translucent()
 {
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     CheckerBoard *board = makeBoard(scene.root(), QRectF(0, 0, 240, 160));
     board->setPrimaryColor(QColor(200, 100, 50, 51)); // a fifth
     board->setSecondaryColor(Qt::black);
@@ -332,7 +327,6 @@ void tst_CheckerBoard::windows()
 void tst_CheckerBoard::strangeSizes()
 {
     Scene scene(whiteWindow(), kWindow);
-    QVERIFY(scene.isValid());
     auto *clip = new QQuickItem(scene.root());
     clip->setClip(true);
     clip->setSize(QSizeF(60, 60));

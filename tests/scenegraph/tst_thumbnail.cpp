@@ -1,4 +1,5 @@
 // variants: x11 threaded scale2
+#include "support/colors.h"
 #include "support/probeimage.h"
 #include "support/scene.h"
 #include "support/signallog.h"
@@ -29,7 +30,6 @@ private Q_SLOTS:
     void fitting();
     void disabled();
     void nothingToShow();
-    void manyAskForOne();
     void latestSourceWins();
     void clearedWhileLoading();
     void sizeChanges();
@@ -56,12 +56,10 @@ public:
     {
     }
 
+    // Invalid until the first frame is there.
     QColor pixel(const QPointF &position) const
     {
-        const qreal ratio = window()->effectiveDevicePixelRatio();
-        const QImage image = window()->grabWindow(); // null until the first frame is there
-        const QPoint texel = (position * ratio).toPoint();
-        return image.valid(texel) ? image.pixelColor(texel) : QColor();
+        return pixelAt(window()->grabWindow(), position);
     }
 
     Thumbnail *addThumbnail(const QUrl &source, const QRect &geometry)
@@ -79,13 +77,6 @@ void waitForLoads()
 {
     QThreadPool::globalInstance()->waitForDone();
     QCoreApplication::processEvents();
-}
-
-bool isAbout(const QColor &color, const QColor &expected)
-{
-    const auto near = [](int a, int b) { return qAbs(a - b) <= 2; };
-    return near(color.red(), expected.red()) && near(color.green(), expected.green())
-           && near(color.blue(), expected.blue());
 }
 
 } // namespace
@@ -121,7 +112,6 @@ void tst_Thumbnail::fitting()
     for (const auto &row : rows) {
         const ProbeImage probe(folder(), QStringLiteral("fitting%1").arg(++number), row.picture);
         Board board({});
-        QVERIFY(board.isValid());
         Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(QPoint(10, 10), row.item));
         thumbnail->setRegion(row.region);
         const QRectF area = QRectF(row.expected).translated(10, 10);
@@ -146,13 +136,12 @@ void tst_Thumbnail::disabled()
     const QColor color(200, 100, 50);
     const ProbeImage probe(folder(), QStringLiteral("disabled"), QSize(40, 40), color);
     Board board({});
-    QVERIFY(board.isValid());
     Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
     QTRY_COMPARE(board.pixel(QPointF(20, 50)), color);
     thumbnail->setEnabled(false);
     const int grey = qRound((0.344 * 200 + 0.5 * 100 + 0.156 * 50 + 255) / 2); // half on white
-    QVERIFY(isAbout(board.pixel(QPointF(20, 50)), QColor(grey, grey, grey)));
-    QVERIFY(isAbout(board.pixel(QPointF(80, 50)), QColor(128, 128, 128)));
+    QVERIFY(isNear(board.pixel(QPointF(20, 50)), QColor(grey, grey, grey)));
+    QVERIFY(isNear(board.pixel(QPointF(80, 50)), QColor(128, 128, 128)));
     thumbnail->setEnabled(true);
     QCOMPARE(board.pixel(QPointF(20, 50)), color);
 
@@ -166,7 +155,6 @@ void tst_Thumbnail::nothingToShow()
 {
     const ProbeImage probe(folder(), QStringLiteral("before"), QSize(40, 40));
     Board board({});
-    QVERIFY(board.isValid());
     Thumbnail *thumbnail = board.addThumbnail(QUrl(), QRect(0, 0, 100, 100));
     for (const char *source : { "", "qrc:/ui/images/checkmark.png", "http://localhost/a.png",
                                 "file:///nowhere.png", "file:///tmp" }) {
@@ -180,30 +168,12 @@ void tst_Thumbnail::nothingToShow()
     }
 }
 
-void tst_Thumbnail::manyAskForOne()
-{
-    ProbeImage probe(folder(), QStringLiteral("many"), QSize(4000, 3000));
-    probe.hold();
-    Board board({});
-    QVERIFY(board.isValid());
-    for (int i = 0; i < 20; ++i)
-        board.addThumbnail(probe.url(), QRect(i * 20, 0, 20, 20));
-    QTRY_VERIFY(probe.isBeingRead());
-    probe.release();
-    for (int i = 0; i < 20; ++i)
-        QTRY_COMPARE(board.pixel(QPointF(i * 20 + 5, 10)), QColor(Qt::red));
-    board.addThumbnail(probe.url(), QRect(0, 100, 20, 20));
-    QCOMPARE(board.pixel(QPointF(5, 110)), QColor(Qt::red)); // decoded already: the next frame
-    QCOMPARE(probe.readCount(), 1);
-}
-
 void tst_Thumbnail::latestSourceWins()
 {
     ProbeImage first(folder(), QStringLiteral("first"), QSize(40, 40), Qt::red);
     const ProbeImage second(folder(), QStringLiteral("second"), QSize(40, 40), Qt::green);
     first.hold();
     Board board({});
-    QVERIFY(board.isValid());
     Thumbnail *thumbnail = board.addThumbnail(QUrl(), QRect(0, 0, 100, 100));
     for (int i = 0; i < 50; ++i) {
         thumbnail->setSource(first.url());
@@ -223,7 +193,6 @@ void tst_Thumbnail::clearedWhileLoading()
     ProbeImage probe(folder(), QStringLiteral("cleared"), QSize(40, 40));
     probe.hold();
     Board board({});
-    QVERIFY(board.isValid());
     Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
     QTRY_VERIFY(probe.isBeingRead());
     thumbnail->setSource(QUrl());
@@ -242,7 +211,6 @@ void tst_Thumbnail::clearedWhileLoading()
 void tst_Thumbnail::sizeChanges()
 {
     Board board({});
-    QVERIFY(board.isValid());
     const QString path = folder().filePath(QStringLiteral("later.png"));
     Thumbnail *thumbnail = board.addThumbnail(QUrl::fromLocalFile(path), QRect(0, 0, 100, 100));
     thumbnail->setWidth(100.4);
@@ -262,7 +230,6 @@ void tst_Thumbnail::oddSizes()
 {
     const ProbeImage probe(folder(), QStringLiteral("odd"), QSize(40, 40));
     Board board({});
-    QVERIFY(board.isValid());
     Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect());
     const qreal most = std::numeric_limits<qreal>::max();
     for (const QSizeF &size : { QSizeF(0, 0), QSizeF(-50, -50), QSizeF(0.9, 100), QSizeF(1, 0),
@@ -283,7 +250,6 @@ void tst_Thumbnail::declaredPropertiesLoadOnce()
 {
     const ProbeImage probe(folder(), QStringLiteral("declared"), QSize(400, 400));
     Board board({});
-    QVERIFY(board.isValid());
     const auto component = board.create(
         QStringLiteral(
             "import Test 1.0; Item { Thumbnail { source: '%1'; width: 50; height: width; "
@@ -300,17 +266,15 @@ void tst_Thumbnail::twoWindows()
     const ProbeImage green(folder(), QStringLiteral("green"), QSize(40, 40), Qt::green);
     const QColor shown(172, 172, 172); // half of the grey of red, on white
     Board second({});
-    QVERIFY(second.isValid());
     second.addThumbnail(green.url(), QRect(0, 100, 100, 100));
     {
         Board first({});
-        QVERIFY(first.isValid());
         Thumbnail *thumbnail = first.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
         thumbnail->setEnabled(false);
         for (Board *board : { &first, &second, &first, &second, &first }) {
             board->addThumbnail(QUrl(), QRect(100, 0, 100, 100));
             thumbnail->setParentItem(board->root());
-            QTRY_VERIFY(isAbout(board->pixel(QPointF(20, 50)), shown));
+            QTRY_VERIFY(isNear(board->pixel(QPointF(20, 50)), shown));
             QCOMPARE(board->pixel(QPointF(150, 50)), QColor(Qt::white));
         }
         QCOMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::white));
@@ -318,7 +282,7 @@ void tst_Thumbnail::twoWindows()
     }
     second.addThumbnail(QUrl(), QRect(200, 0, 100, 100));
     second.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
-    QTRY_COMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::red));
+    QCOMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::red)); // decoded already: in the next frame
     QCOMPARE(second.pixel(QPointF(20, 150)), QColor(Qt::green));
     QCOMPARE(second.pixel(QPointF(250, 50)), QColor(Qt::white));
 }
@@ -333,17 +297,19 @@ void tst_Thumbnail::hiddenAndShownAgain()
 #endif
     const ProbeImage probe(folder(), QStringLiteral("hidden"), QSize(40, 40));
     Board board({});
-    QVERIFY(board.isValid());
     board.window()->setPersistentSceneGraph(false);
     board.window()->setPersistentOpenGLContext(false);
     board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
     board.addThumbnail(QUrl(), QRect(100, 0, 100, 100));
     QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
-    for (int i = 0; i < 3; ++i) {
-        QSignalSpy invalidated(board.window(), &QQuickWindow::sceneGraphInvalidated);
+    int invalidated = 0;
+    QObject receiver; // on this thread
+    connect(board.window(), &QQuickWindow::sceneGraphInvalidated, &receiver,
+            [&] { ++invalidated; });
+    for (int i = 1; i <= 3; ++i) {
         board.window()->hide();
         if (qEnvironmentVariable("QSG_RENDER_LOOP") == QLatin1String("threaded"))
-            QTRY_VERIFY(!invalidated.isEmpty()); // the basic loop keeps it
+            QTRY_COMPARE(invalidated, i); // the basic loop keeps it
         board.window()->show();
         QVERIFY(QTest::qWaitForWindowExposed(board.window()));
         QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
@@ -357,7 +323,6 @@ void tst_Thumbnail::windowClosedWhileLoading()
     ProbeImage probe(folder(), QStringLiteral("closed"), QSize(40, 40));
     probe.hold();
     Board board({});
-    QVERIFY(board.isValid());
     for (int i = 0; i < 4; ++i)
         board.addThumbnail(probe.url(), QRect(i * 50, 0, 50 + i, 50));
     QTRY_VERIFY(probe.isBeingRead());

@@ -2,12 +2,16 @@
 
 #include <TamberUi/Module>
 
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
 #include <QtQml/QQmlComponent>
 #include <QtTest/QtTest>
 
 namespace ta::test {
 
 namespace {
+
+constexpr int kFrameTimeout = 5000; // ms
 
 bool s_kit = false;
 
@@ -87,9 +91,12 @@ void Scene::destroyWindow()
 
 bool Scene::waitForFrame()
 {
-    QSignalSpy frames(m_window.get(), &QQuickWindow::frameSwapped);
+    // Queued where it comes from a render thread, so that nothing of this function is used there.
+    QEventLoop loop;
+    QObject::connect(m_window.get(), &QQuickWindow::frameSwapped, &loop, [&] { loop.exit(true); });
+    QTimer::singleShot(kFrameTimeout, &loop, [&] { loop.exit(false); });
     m_window->update();
-    return frames.wait();
+    return loop.exec();
 }
 
 QObject *Scene::findObject(const QString &objectName) const

@@ -4,6 +4,7 @@
 #include "slidergeometry_p.h"
 #include "slidermaterial_p.h"
 
+#include <QtCore/QPointer>
 #include <QtQuick/QSGNode>
 
 #include <cstring>
@@ -100,14 +101,16 @@ public:
         q->update();
     }
 
-    // Stores and marks; returns whether there is something to announce.
+    // Stores, signals and marks; the handler may destroy the slider.
     template <typename Field>
-    bool change(Field &field, const Field &value, DirtyFlag bit)
+    void set(Field &field, const Field &value, void (DefaultSlider::*changed)(), DirtyFlag bit)
     {
         if (!assign(field, value))
-            return false;
-        markDirty(bit);
-        return true;
+            return;
+        const QPointer<DefaultSlider> guard(q);
+        Q_EMIT(q->*changed)();
+        if (guard)
+            markDirty(bit);
     }
 
     SliderFrame frame() const
@@ -148,8 +151,8 @@ int DefaultSlider::trackHeight() const
 
 void DefaultSlider::setTrackHeight(int height)
 {
-    if (d->change(d->trackHeight, height, DefaultSliderPrivate::DirtyTrack))
-        Q_EMIT trackHeightChanged();
+    d->set(d->trackHeight, height, &DefaultSlider::trackHeightChanged,
+           DefaultSliderPrivate::DirtyTrack);
 }
 
 QColor DefaultSlider::trackBaseColor() const
@@ -159,8 +162,8 @@ QColor DefaultSlider::trackBaseColor() const
 
 void DefaultSlider::setTrackBaseColor(const QColor &color)
 {
-    if (d->change(d->trackBaseColor, color, DefaultSliderPrivate::DirtyTrack))
-        Q_EMIT trackBaseColorChanged();
+    d->set(d->trackBaseColor, color, &DefaultSlider::trackBaseColorChanged,
+           DefaultSliderPrivate::DirtyTrack);
 }
 
 QColor DefaultSlider::trackMaximumColor() const
@@ -170,8 +173,8 @@ QColor DefaultSlider::trackMaximumColor() const
 
 void DefaultSlider::setTrackMaximumColor(const QColor &color)
 {
-    if (d->change(d->trackMaximumColor, color, DefaultSliderPrivate::DirtyTrack))
-        Q_EMIT trackMaximumColorChanged();
+    d->set(d->trackMaximumColor, color, &DefaultSlider::trackMaximumColorChanged,
+           DefaultSliderPrivate::DirtyTrack);
 }
 
 int DefaultSlider::handleWidth() const
@@ -181,8 +184,8 @@ int DefaultSlider::handleWidth() const
 
 void DefaultSlider::setHandleWidth(int width)
 {
-    if (d->change(d->handleWidth, width, DefaultSliderPrivate::DirtyHandle))
-        Q_EMIT handleWidthChanged();
+    d->set(d->handleWidth, width, &DefaultSlider::handleWidthChanged,
+           DefaultSliderPrivate::DirtyHandle);
 }
 
 QColor DefaultSlider::handleColor() const
@@ -192,8 +195,8 @@ QColor DefaultSlider::handleColor() const
 
 void DefaultSlider::setHandleColor(const QColor &color)
 {
-    if (d->change(d->handleColor, color, DefaultSliderPrivate::DirtyHandle))
-        Q_EMIT handleColorChanged();
+    d->set(d->handleColor, color, &DefaultSlider::handleColorChanged,
+           DefaultSliderPrivate::DirtyHandle);
 }
 
 double DefaultSlider::handleOpacity() const
@@ -203,9 +206,9 @@ double DefaultSlider::handleOpacity() const
 
 void DefaultSlider::setHandleOpacity(double opacity)
 {
-    if (!qIsNaN(opacity)
-        && d->change(d->handleOpacity, opacity, DefaultSliderPrivate::DirtyHandleOpacity))
-        Q_EMIT handleOpacityChanged();
+    if (!qIsNaN(opacity))
+        d->set(d->handleOpacity, opacity, &DefaultSlider::handleOpacityChanged,
+               DefaultSliderPrivate::DirtyHandleOpacity);
 }
 
 bool DefaultSlider::isValueBarVisible() const
@@ -215,8 +218,8 @@ bool DefaultSlider::isValueBarVisible() const
 
 void DefaultSlider::setValueBarVisible(bool visible)
 {
-    if (d->change(d->valueBarVisible, visible, DefaultSliderPrivate::DirtyValueBar))
-        Q_EMIT valueBarVisibleChanged();
+    d->set(d->valueBarVisible, visible, &DefaultSlider::valueBarVisibleChanged,
+           DefaultSliderPrivate::DirtyValueBar);
 }
 
 float DefaultSlider::valueBarOrigin() const
@@ -226,9 +229,9 @@ float DefaultSlider::valueBarOrigin() const
 
 void DefaultSlider::setValueBarOrigin(float origin)
 {
-    if (!qIsNaN(origin)
-        && d->change(d->valueBarOrigin, origin, DefaultSliderPrivate::DirtyValueBar))
-        Q_EMIT valueBarOriginChanged();
+    if (!qIsNaN(origin))
+        d->set(d->valueBarOrigin, origin, &DefaultSlider::valueBarOriginChanged,
+               DefaultSliderPrivate::DirtyValueBar);
 }
 
 int DefaultSlider::valueBarHeight() const
@@ -238,8 +241,8 @@ int DefaultSlider::valueBarHeight() const
 
 void DefaultSlider::setValueBarHeight(int height)
 {
-    if (d->change(d->valueBarHeight, height, DefaultSliderPrivate::DirtyValueBar))
-        Q_EMIT valueBarHeightChanged();
+    d->set(d->valueBarHeight, height, &DefaultSlider::valueBarHeightChanged,
+           DefaultSliderPrivate::DirtyValueBar);
 }
 
 QColor DefaultSlider::valueBarColor() const
@@ -249,8 +252,8 @@ QColor DefaultSlider::valueBarColor() const
 
 void DefaultSlider::setValueBarColor(const QColor &color)
 {
-    if (d->change(d->valueBarColor, color, DefaultSliderPrivate::DirtyValueBar))
-        Q_EMIT valueBarColorChanged();
+    d->set(d->valueBarColor, color, &DefaultSlider::valueBarColorChanged,
+           DefaultSliderPrivate::DirtyValueBar);
 }
 
 void DefaultSlider::valueChange()

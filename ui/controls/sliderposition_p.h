@@ -13,7 +13,11 @@ struct SliderRange
     double maximum = 1;
 
     /// \a value, raised to the minimum and then lowered to the maximum. NaN stays NaN.
-    double clamp(double value) const { return qMin(qMax(value, minimum), maximum); }
+    double clamp(double value) const
+    {
+        const double raised = value < minimum ? minimum : value;
+        return raised > maximum ? maximum : raised;
+    }
 };
 
 /*!

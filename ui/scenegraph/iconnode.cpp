@@ -58,6 +58,7 @@ QSharedPointer<QSGTexture> IconNode::atlasTexture(QQuickWindow *window, int size
 {
     const double ratio = window->effectiveDevicePixelRatio();
     const TextureKey key(window->openglContext(), iconAtlasKey(size, ratio));
+    const IconAtlas &atlas = getAtlas(size, ratio); // which warns each time where there is none
     {
         const QMutexLocker locker(&s_lock);
         const auto existing = m_existing.constFind(key);
@@ -66,7 +67,7 @@ QSharedPointer<QSGTexture> IconNode::atlasTexture(QQuickWindow *window, int size
     }
 
     // No other thread makes this one, nor lets it go: a context is used on one thread.
-    const QImage image = iconAtlasImage(getAtlas(size, ratio));
+    const QImage image = iconAtlasImage(atlas);
     if (image.isNull())
         return {};
     QSharedPointer<QSGTexture> texture(
