@@ -1,5 +1,6 @@
 // variants: threaded scale2 x11
 #include "controls/slidergeometry_p.h"
+#include "support/colors.h"
 #include "support/input.h"
 #include "support/paintprobe.h"
 #include "support/scene.h"
@@ -58,23 +59,10 @@ QColor color(const SliderPoint2D &point)
     return QColor(point.red, point.green, point.blue, point.alpha);
 }
 
-bool isNear(const QColor &a, const QColor &b, int tolerance = 2)
-{
-    return qAbs(a.red() - b.red()) <= tolerance && qAbs(a.green() - b.green()) <= tolerance
-           && qAbs(a.blue() - b.blue()) <= tolerance;
-}
-
 // How much of black covers white there: 0 to 1.
 double coverage(const QImage &image, int x, int y)
 {
     return 1 - image.pixelColor(x, y).redF();
-}
-
-// The pixel that contains the logical position.
-QColor pixel(const QImage &image, const QPointF &position)
-{
-    const QPointF place = position * image.devicePixelRatio();
-    return image.pixelColor(int(place.x()), int(place.y()));
 }
 
 QString sliderQml(const char *properties)
@@ -98,7 +86,6 @@ private Q_SLOTS:
     void initTestCase();
     void rectangles();
     void extremes();
-    void properties();
     void nodes();
     void whatIsRewritten();
     void antialiasingSwitches();
@@ -191,47 +178,14 @@ void tst_DefaultSlider::extremes()
     }
 }
 
-void tst_DefaultSlider::properties()
-{
-    DefaultSlider slider;
-    QVERIFY(slider.children().isEmpty());
-    QCOMPARE(QSizeF(slider.implicitWidth(), slider.implicitHeight()), QSizeF(100, 20));
-    QCOMPARE(slider.margin(), 3);
-    SignalLog log;
-    log.watch(&slider);
-    QStringList expected;
-    const struct
-    {
-        const char *name;
-        QVariant value;
-        QVariant same;
-    } rows[] = {
-        { "trackHeight", 5, 5 },
-        { "trackBaseColor", QColor(Qt::red), QColor(Qt::red) },
-        { "trackMaximumColor", QColor(Qt::red), QColor(Qt::red) },
-        { "handleWidth", -1, -1 },
-        { "handleColor", QColor(), QColor() },
-        { "handleOpacity", 0.5, 0.5000000000001 },
-        { "valueBarVisible", true, true },
-        { "valueBarOrigin", 0.5f, 0.500001f },
-        { "valueBarHeight", 0, 0 },
-        { "valueBarColor", QColor(Qt::red), QColor(Qt::red) },
-    };
-    for (const auto &row : rows) {
-        QVERIFY(slider.setProperty(row.name, row.value));
-        QVERIFY(slider.setProperty(row.name, row.same));
-        QCOMPARE(slider.property(row.name), row.value);
-        expected.append(QLatin1String(row.name) + QStringLiteral("Changed"));
-    }
-    QCOMPARE(log.take(), expected);
-}
-
 // One material for all that rectangles of different items have in common, and a bar that is skipped
 // while it is hidden.
 void tst_DefaultSlider::nodes()
 {
     BareSlider slider;
-    slider.setSize(QSizeF(100, 20));
+    QVERIFY(slider.children().isEmpty());
+    QCOMPARE(QSizeF(slider.implicitWidth(), slider.implicitHeight()), QSizeF(100, 20));
+    QCOMPARE(slider.margin(), 3);
     const std::unique_ptr<QSGGeometryNode> root(slider.paint());
     const Nodes nodes(root.get());
     QVERIFY(nodes.valueBar->isSubtreeBlocked());
@@ -266,15 +220,16 @@ void tst_DefaultSlider::whatIsRewritten()
         const char *property;
         QVariant value;
         QByteArray rewritten; // t: track, b: value bar, h: handle, o: opacity
+        QVariant same = {}; // as good as equal
     } rows[] = {
-        { "value", 0.25, "bh" },
+        { "value", 0.25, "bh", 0.2500000000001 },
         { "trackHeight", 7, "t" },
         { "trackBaseColor", red, "t" },
         { "trackMaximumColor", red, "t" },
         { "handleWidth", 7, "h" },
         { "handleColor", red, "h" },
-        { "handleOpacity", 0.25, "o" },
-        { "valueBarOrigin", 0.25f, "b" },
+        { "handleOpacity", 0.25, "o", 0.2500000000001 },
+        { "valueBarOrigin", 0.25f, "b", 0.250001f },
         { "valueBarHeight", 7, "b" },
         { "valueBarColor", red, "b" },
         { "minimumValue", 0.25, "" }, // while the value stays
@@ -293,7 +248,13 @@ void tst_DefaultSlider::whatIsRewritten()
             vertices(node)->x = spoilt;
         nodes.opacity->setOpacity(0.125);
 
+        SignalLog log;
+        const QString changed = QLatin1String(row.property) + QStringLiteral("Changed");
+        log.watch(&slider, { changed });
         QVERIFY(slider.setProperty(row.property, row.value));
+        QVERIFY(slider.setProperty(row.property, row.same.isNull() ? row.value : row.same));
+        QCOMPARE(slider.property(row.property), row.value);
+        QCOMPARE(log.take(), QStringList(changed));
         QCOMPARE(slider.paint(root.get()), root.get());
         QByteArray rewritten;
         rewritten += vertices(nodes.track)->x != spoilt ? "t" : "";
@@ -363,7 +324,7 @@ void tst_DefaultSlider::hardEdges()
                           "handleWidth: 4; trackMaximumColor: '#ff0'; valueBarHeight: 6"),
                 kWindow);
     const QImage image = scene.window()->grabWindow();
-    const auto at = [&](double x, double y) { return pixel(image, QPointF(20 + x, 10 + y)); };
+    const auto at = [&](double x, double y) { return pixelAt(image, QPointF(20 + x, 10 + y)); };
     // Every pixel is one colour or another: the handle, x 24 to 28 around 26; the bar, from there
     // to 49.5 and between y 7 and 13; the track, between y 9 and 11, from black to yellow.
     QVERIFY(isNear(at(24.5, 0.5), Qt::blue));
@@ -392,19 +353,19 @@ void tst_DefaultSlider::blending()
     const QPointF handle(20 + 49.5, 15.5);
     const QPointF track(20 + 80.5, 20.5);
     QImage image = scene.window()->grabWindow();
-    QVERIFY(isNear(pixel(image, handle), QColor(128, 128, 255)));
-    QVERIFY(isNear(pixel(image, track), Qt::black));
+    QVERIFY(isNear(pixelAt(image, handle), QColor(128, 128, 255)));
+    QVERIFY(isNear(pixelAt(image, track), Qt::black));
     slider->setOpacity(0.5);
     image = scene.window()->grabWindow();
-    QVERIFY(isNear(pixel(image, handle), QColor(191, 191, 255)));
-    QVERIFY(isNear(pixel(image, track), QColor(128, 128, 128)));
+    QVERIFY(isNear(pixelAt(image, handle), QColor(191, 191, 255)));
+    QVERIFY(isNear(pixelAt(image, track), QColor(128, 128, 128)));
     slider->setOpacity(1);
     slider->setHandleOpacity(0);
     image = scene.window()->grabWindow();
-    QVERIFY(isNear(pixel(image, handle), Qt::white));
+    QVERIFY(isNear(pixelAt(image, handle), Qt::white));
     slider->setHandleOpacity(7); // as much as 1
     image = scene.window()->grabWindow();
-    QVERIFY(isNear(pixel(image, handle), Qt::blue));
+    QVERIFY(isNear(pixelAt(image, handle), Qt::blue));
 }
 
 // What a drag changes, and what is switched on and off, is on the screen with the next frame.
@@ -413,7 +374,7 @@ void tst_DefaultSlider::followsInput()
     Scene scene(sliderQml("antialiasing: true; handleWidth: 5"), kWindow);
     auto *slider = scene.find<DefaultSlider>("slider");
     const auto colorAt = [&](double x, double y) {
-        return pixel(scene.window()->grabWindow(), QPointF(20 + x, 10 + y));
+        return pixelAt(scene.window()->grabWindow(), QPointF(20 + x, 10 + y));
     };
     QVERIFY(isNear(colorAt(49.5, 5.5), Qt::blue));
     press(scene.window(), QPoint(20 + 73, 20));
@@ -451,11 +412,11 @@ void tst_DefaultSlider::anotherWindow()
     const QImage before = first.window()->grabWindow();
     {
         Scene second(sliderQml("handleWidth: 5; visible: false"), kWindow);
-        QVERIFY(isNear(pixel(second.window()->grabWindow(), place), Qt::white));
+        QVERIFY(isNear(pixelAt(second.window()->grabWindow(), place), Qt::white));
         auto *slider = first.find<DefaultSlider>("slider");
         slider->setParentItem(second.root());
-        QVERIFY(isNear(pixel(second.window()->grabWindow(), place), Qt::blue));
-        QVERIFY(isNear(pixel(first.window()->grabWindow(), place), Qt::white));
+        QVERIFY(isNear(pixelAt(second.window()->grabWindow(), place), Qt::blue));
+        QVERIFY(isNear(pixelAt(first.window()->grabWindow(), place), Qt::white));
         slider->setParentItem(first.root());
     }
     first.window()->setPersistentSceneGraph(false);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/colors.h"
 #include "support/scene.h"
 
 #include <QtGui/QImage>
@@ -42,10 +43,7 @@ inline QString firstDifference(QQuickWindow *window, const Expected &expected)
                 continue;
             }
             const QColor found = picture.pixelColor(x, y);
-            const int distance = std::max({ std::abs(wanted.red() - found.red()),
-                                            std::abs(wanted.green() - found.green()),
-                                            std::abs(wanted.blue() - found.blue()) });
-            if (distance > 1) // the last bit belongs to the driver
+            if (!isNear(found, wanted, 1)) // the last bit belongs to the driver
                 return QStringLiteral("%1 instead of %2 at %3, %4")
                     .arg(found.name(), wanted.name())
                     .arg(x)

@@ -1,4 +1,5 @@
 // variants: threaded scale2 x11
+#include "support/colors.h"
 #include "support/scene.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
@@ -67,13 +68,6 @@ QColor shaded(const QColor &texel, double disabled, double highlight, const QCol
                             channel(texel.blueF(), highlightColor.blueF()));
 }
 
-bool alike(const QColor &a, const QColor &b)
-{
-    constexpr int tolerance = 3; // levels; the renderer rounds in other places
-    return qAbs(a.red() - b.red()) <= tolerance && qAbs(a.green() - b.green()) <= tolerance
-           && qAbs(a.blue() - b.blue()) <= tolerance;
-}
-
 // Whether the corner of the grabbed window shows the glyph, shaded.
 bool shows(QQuickWindow *window, const QImage &glyph, double disabled = 0, double highlight = 0,
            const QColor &color = Qt::white)
@@ -82,7 +76,7 @@ bool shows(QQuickWindow *window, const QImage &glyph, double disabled = 0, doubl
     for (int y = 0; y < glyph.height(); ++y) {
         for (int x = 0; x < glyph.width(); ++x) {
             const QColor expected = shaded(glyph.pixelColor(x, y), disabled, highlight, color);
-            if (!alike(grabbed.pixelColor(x, y), expected)) {
+            if (!isNear(grabbed.pixelColor(x, y), expected, 3)) {
                 qInfo() << "at" << x << y << grabbed.pixelColor(x, y) << "instead of" << expected;
                 return false;
             }
@@ -95,7 +89,7 @@ bool isBlank(const QImage &image, const QRect &area)
 {
     for (int y = area.top(); y <= area.bottom(); ++y) {
         for (int x = area.left(); x <= area.right(); ++x) {
-            if (!alike(image.pixelColor(x, y), Qt::white))
+            if (!isNear(image.pixelColor(x, y), Qt::white))
                 return false;
         }
     }
@@ -195,8 +189,8 @@ void tst_Icon::stretchedGlyph()
     const QImage grabbed = shown.window()->grabWindow();
     const QImage glyph = cell(24, 1, "stop");
     const double ratio = grabbed.devicePixelRatio();
-    QVERIFY(alike(grabbed.pixelColor(int(24 * ratio), int(24 * ratio)),
-                  shaded(glyph.pixelColor(12, 12), 0, 0, Qt::white)));
+    QVERIFY(isNear(grabbed.pixelColor(int(24 * ratio), int(24 * ratio)),
+                   shaded(glyph.pixelColor(12, 12), 0, 0, Qt::white), 3));
     QVERIFY(isBlank(grabbed, QRect(int(48 * ratio), 0, 20, 20)));
 }
 

@@ -1,4 +1,5 @@
 // variants: x11 threaded scale2
+#include "support/colors.h"
 #include "support/probeimage.h"
 #include "support/scene.h"
 #include "support/signallog.h"
@@ -55,12 +56,10 @@ public:
     {
     }
 
+    // Invalid until the first frame is there.
     QColor pixel(const QPointF &position) const
     {
-        const qreal ratio = window()->effectiveDevicePixelRatio();
-        const QImage image = window()->grabWindow(); // null until the first frame is there
-        const QPoint texel = (position * ratio).toPoint();
-        return image.valid(texel) ? image.pixelColor(texel) : QColor();
+        return pixelAt(window()->grabWindow(), position);
     }
 
     Thumbnail *addThumbnail(const QUrl &source, const QRect &geometry)
@@ -78,13 +77,6 @@ void waitForLoads()
 {
     QThreadPool::globalInstance()->waitForDone();
     QCoreApplication::processEvents();
-}
-
-bool isAbout(const QColor &color, const QColor &expected)
-{
-    const auto near = [](int a, int b) { return qAbs(a - b) <= 2; };
-    return near(color.red(), expected.red()) && near(color.green(), expected.green())
-           && near(color.blue(), expected.blue());
 }
 
 } // namespace
@@ -148,8 +140,8 @@ void tst_Thumbnail::disabled()
     QTRY_COMPARE(board.pixel(QPointF(20, 50)), color);
     thumbnail->setEnabled(false);
     const int grey = qRound((0.344 * 200 + 0.5 * 100 + 0.156 * 50 + 255) / 2); // half on white
-    QVERIFY(isAbout(board.pixel(QPointF(20, 50)), QColor(grey, grey, grey)));
-    QVERIFY(isAbout(board.pixel(QPointF(80, 50)), QColor(128, 128, 128)));
+    QVERIFY(isNear(board.pixel(QPointF(20, 50)), QColor(grey, grey, grey)));
+    QVERIFY(isNear(board.pixel(QPointF(80, 50)), QColor(128, 128, 128)));
     thumbnail->setEnabled(true);
     QCOMPARE(board.pixel(QPointF(20, 50)), color);
 
@@ -282,7 +274,7 @@ void tst_Thumbnail::twoWindows()
         for (Board *board : { &first, &second, &first, &second, &first }) {
             board->addThumbnail(QUrl(), QRect(100, 0, 100, 100));
             thumbnail->setParentItem(board->root());
-            QTRY_VERIFY(isAbout(board->pixel(QPointF(20, 50)), shown));
+            QTRY_VERIFY(isNear(board->pixel(QPointF(20, 50)), shown));
             QCOMPARE(board->pixel(QPointF(150, 50)), QColor(Qt::white));
         }
         QCOMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::white));

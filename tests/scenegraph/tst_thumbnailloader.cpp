@@ -1,3 +1,4 @@
+#include "support/colors.h"
 #include "support/probeimage.h"
 #include "support/testcase.h"
 
@@ -180,9 +181,7 @@ void tst_ThumbnailLoader::decodedPixels()
             const QColor color = image.pixelColor((2 * i + 1) * size.width() / (2 * colors.count()),
                                                   size.height() / 2);
             const QColor expected = colors.at(i);
-            QVERIFY2(qAbs(color.red() - expected.red()) < 8
-                         && qAbs(color.green() - expected.green()) < 8
-                         && qAbs(color.blue() - expected.blue()) < 8,
+            QVERIFY2(isNear(color, expected, 7),
                      qPrintable(color.name() + QStringLiteral(" is not ") + expected.name()));
         }
     };
