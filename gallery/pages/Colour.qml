@@ -145,10 +145,15 @@ Page {
         summary: qsTr("The picker in a popup, for forms and tool bars.")
 
         Row {
+            id: buttons
+
+            readonly property int cell: Math.min(136, Math.floor((parent.width - 3 * spacing) / 4))
+
+            width: parent.width
             spacing: 24
 
             Column {
-                width: 136
+                width: buttons.cell
                 spacing: 8
 
                 UiColorButton {
@@ -166,7 +171,7 @@ Page {
             }
 
             Column {
-                width: 136
+                width: buttons.cell
                 spacing: 8
 
                 UiColorButton {
@@ -182,7 +187,7 @@ Page {
             }
 
             Column {
-                width: 136
+                width: buttons.cell
                 spacing: 8
 
                 UiColorButton {
@@ -199,7 +204,7 @@ Page {
             }
 
             Column {
-                width: 136
+                width: buttons.cell
                 spacing: 8
 
                 UiColorButton {

@@ -74,7 +74,8 @@ Page {
         title: qsTr("Calendar")
         summary: qsTr("Page Up and Page Down turn the month, with Shift the year. Home and End go to its ends.")
 
-        Row {
+        Flow {
+            width: parent.width
             spacing: 24
 
             Repeater {
@@ -110,8 +111,8 @@ Page {
         summary: qsTr("The days come from the calendar information alone; what is drawn here is a year of them.")
 
         Grid {
-            columnSpacing: Math.floor((root.contentWidth - 48 - 4 * 154) / 3)
-            columns: 4
+            columns: Math.min(4, Math.floor((parent.width + 20) / (154 + 20)))
+            columnSpacing: Math.floor((parent.width - columns * 154) / (columns - 1))
             rowSpacing: 20
 
             Repeater {

@@ -42,7 +42,7 @@ Page {
 
                 width: 112
                 currentIndex: 1
-                model: ["16 x 16", "24 x 24", "32 x 32"]
+                model: ["16 \u00d7 16", "24 \u00d7 24", "32 \u00d7 32"]
                 objectName: "iconSize"
             }
 

@@ -25,7 +25,7 @@ Page {
             property string caption: ""
             property int corner: 0
 
-            implicitWidth: 240
+            implicitWidth: 200
             implicitHeight: 96
             color: UiColors.getColor(UiColors.ButtonNormalBlue)
             radius: corner
@@ -73,6 +73,7 @@ Page {
             id: loaderCard
 
             width: root.half
+            height: Math.max(contentHeight, progress.contentHeight)
             title: qsTr("Loader")
             summary: qsTr("A new component or new properties make a new item. The loader takes over its size.")
 
@@ -107,7 +108,7 @@ Page {
                     id: loader
 
                     objectName: "loader"
-                    properties: ({ caption: qsTr("Item %1").arg(which.currentText), corner: Number(corner.currentText) })
+                    properties: ({ caption: qsTr("Item %1").arg(which.model[which.currentIndex]), corner: Number(corner.model[corner.currentIndex]) })
                     sourceComponent: which.currentIndex === 0 ? swatch : which.currentIndex === 1 ? form : null
                 }
             }
@@ -115,7 +116,7 @@ Page {
             UiText {
                 color: UiColors.getColor(UiColors.MediumGrey45)
                 font: UiFonts.getFont(UiFonts.Regular, 12)
-                text: qsTr("Implicit size %1 x %2, %3 items made so far").arg(loader.implicitWidth).arg(loader.implicitHeight).arg(root.created)
+                text: qsTr("Implicit size %1 \u00d7 %2, items made so far: %3").arg(loader.implicitWidth).arg(loader.implicitHeight).arg(root.created)
             }
         }
 
@@ -192,7 +193,10 @@ Page {
         spacing: 16
 
         Card {
+            id: rowsCard
+
             width: root.half
+            height: Math.max(contentHeight, groupsCard.contentHeight)
             title: qsTr("Rows")
             summary: qsTr("Their grounds share one draw call for each colour. After a double click the list counts as one without the focus.")
 
@@ -246,7 +250,10 @@ Page {
         }
 
         Card {
+            id: groupsCard
+
             width: root.half
+            height: rowsCard.height
             title: qsTr("Groups")
             summary: qsTr("A title folds away what belongs to it; so do the arrow keys.")
 
@@ -287,7 +294,9 @@ Page {
                     title: qsTr("Always there")
 
                     UiText {
+                        width: parent.width
                         text: qsTr("A group that cannot be folded has no arrow.")
+                        wrapMode: Text.Wrap
                     }
                 }
             }

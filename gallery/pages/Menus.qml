@@ -53,6 +53,7 @@ Page {
                     ]
 
                     FileTile {
+                        width: Math.min(144, Math.floor((shelf.width - 5 * 16) / 4))
                         active: fileMenu.menuVisible && shelf.file === this
                         iconName: modelData.iconName
                         locked: modelData.locked

@@ -85,7 +85,7 @@ Page {
 
                     second: Pane {
                         color: UiColors.getColor(UiColors.HeaderGrey4)
-                        lines: [qsTr("Size: 1280 x 720"), qsTr("Format: PNG"), qsTr("Colours: sRGB")]
+                        lines: [qsTr("Size: 1280 \u00d7 720"), qsTr("Format: PNG"), qsTr("Colours: sRGB")]
                         title: qsTr("Inspector")
                     }
                 }

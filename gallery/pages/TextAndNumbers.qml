@@ -250,7 +250,8 @@ Page {
             decimals: 4
         }
 
-        Row {
+        Flow {
+            width: parent.width
             spacing: 24
 
             UiLineEdit {
@@ -263,9 +264,11 @@ Page {
             }
 
             UiText {
-                height: sample.height
+                width: Math.min(implicitWidth, parent.width)
+                height: Math.max(sample.height, implicitHeight)
                 text: sample.error ? qsTr("no number")
                                    : qsTr("%1, one step up %2, one step down %3").arg(shown(number)).arg(shown(reader.stepUp(number))).arg(shown(reader.stepDown(number)))
+                wrapMode: Text.Wrap
 
                 readonly property double number: reader.parseNumber(sample.typedText)
 

@@ -19,7 +19,7 @@ Page {
         Grid {
             id: samples
 
-            columns: 5
+            columns: Math.min(5, Math.floor(folder.bodyWidth / 120))
             columnSpacing: 16
             rowSpacing: 16
 
@@ -27,7 +27,7 @@ Page {
                 model: Pictures.samples
 
                 PictureBox {
-                    width: Math.floor((folder.bodyWidth - 64) / 5)
+                    width: Math.floor((folder.bodyWidth - (samples.columns - 1) * 16) / samples.columns)
                     caption: modelData.format
                              ? qsTr("%1, %2 \u00d7 %3").arg(modelData.format).arg(modelData.width).arg(modelData.height)
                              : qsTr("No picture")

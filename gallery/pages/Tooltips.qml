@@ -101,9 +101,9 @@ Page {
 
                         Repeater {
                             model: [
-                                { text: qsTr("A sentence"), count: 1 },
-                                { text: qsTr("A paragraph"), count: 5 },
-                                { text: qsTr("Too much"), count: 60 }
+                                { text: qsTr("Short"), count: 1 },
+                                { text: qsTr("Long"), count: 5 },
+                                { text: qsTr("Endless"), count: 60 }
                             ]
 
                             TooltipSample {

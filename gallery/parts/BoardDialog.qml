@@ -27,7 +27,7 @@ UiDialog {
             UiText {
                 anchors.centerIn: parent
                 color: UiColors.getColor(UiColors.MediumGrey45)
-                text: qsTr("%1 x %2").arg(area.width).arg(area.height)
+                text: qsTr("%1 \u00d7 %2").arg(area.width).arg(area.height)
             }
         }
     }

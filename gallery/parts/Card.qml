@@ -11,9 +11,10 @@ Rectangle {
     default property alias content: body.data
 
     readonly property int bodyWidth: width - 48
+    readonly property int contentHeight: column.height + 48
 
     width: parent ? parent.width : 0
-    height: column.height + 48
+    height: contentHeight
     border.color: UiColors.getColor(UiColors.ProgressbarBGGrey)
     border.width: 1
     color: UiColors.getColor(UiColors.White)

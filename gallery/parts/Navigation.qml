@@ -37,6 +37,8 @@ Rectangle {
     }
 
     Column {
+        id: entries
+
         anchors.top: subtitle.bottom
         anchors.topMargin: 32
         width: root.width
@@ -46,6 +48,8 @@ Rectangle {
 
             NavigationEntry {
                 width: root.width
+                // In a low window they move together: all of them stay in reach.
+                height: Math.min(40, Math.floor((root.height - entries.y - 8) / root.pages.length))
                 current: modelData.name === root.currentPage
                 objectName: "nav-" + modelData.name
                 text: modelData.title

@@ -48,9 +48,9 @@ public:
                     .arg(QLatin1String(properties))),
           picker(find<ColorPickerBase>("picker"))
     {
+        waitForFrame();
     }
 
-    bool isReady() { return isValid() && waitForFrame(); }
     /// Sets the whole text of a field, as a person does.
     void type(const char *field, const QByteArray &text)
     {
@@ -93,7 +93,6 @@ QVariantList asked(const Scene &scene)
 void tst_KitColors::ownColors()
 {
     PickerScene scene("palette: ['transparent', '#123456']");
-    QVERIFY(scene.isReady());
     QVERIFY(scene.picker->usesTransparent());
     const QList<QQuickItem *> all = patchesOf(scene.picker);
     QCOMPARE(all.count(), 2 + 42);
@@ -115,7 +114,6 @@ void tst_KitColors::editing()
         return palette;
     });
     PickerScene scene;
-    QVERIFY(scene.isReady());
     ColorPickerBase *item = scene.picker;
     auto *add = scene.find("addColorButton");
     auto *remove = scene.find("removeColorButton");
@@ -158,7 +156,6 @@ void tst_KitColors::mixerPointer()
         { "opacityBar", { 0.5, 1 }, 0x0000ff00 },
     };
     PickerScene scene("mode: UiColorPicker.Mixer");
-    QVERIFY(scene.isReady());
     for (const auto &row : rows) {
         scene.picker->setColor(QColor(0, 255, 0, 128));
         auto *item = scene.find(row.part);
@@ -179,7 +176,6 @@ void tst_KitColors::mixerPointer()
 void tst_KitColors::mixerKeys()
 {
     PickerScene scene("mode: UiColorPicker.Mixer; color: '#ff0000'");
-    QVERIFY(scene.isValid());
     const auto key = [&](Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(scene.window(), code, modifiers);
         return scene.picker->color();
@@ -204,7 +200,6 @@ void tst_KitColors::mixerKeys()
 void tst_KitColors::mixerKeepsTheHue()
 {
     PickerScene scene("mode: UiColorPicker.Mixer; color: '#407fbf'");
-    QVERIFY(scene.isValid());
     auto *field = scene.find("colorField");
     const double hue = field->property("hue").toDouble();
     const double saturation = field->property("saturation").toDouble();
@@ -229,7 +224,6 @@ void tst_KitColors::mixerKeepsTheHue()
 void tst_KitColors::mixerAsks()
 {
     PickerScene scene("mode: UiColorPicker.Mixer; color: '#00ff00'; bindable: true");
-    QVERIFY(scene.isReady());
     auto *field = scene.find("colorField");
     const double hue = field->property("hue").toDouble();
     click(scene.window(), field->mapToScene(QPointF(3, 3)).toPoint());
@@ -243,7 +237,6 @@ void tst_KitColors::mixerAsks()
 void tst_KitColors::indeterminate()
 {
     PickerScene scene("mode: UiColorPicker.Mixer; color: '#8000ff00'");
-    QVERIFY(scene.isReady());
     ColorPickerBase *item = scene.picker;
     const QImage before = scene.window()->grabWindow();
     item->setIndeterminate(true);
@@ -271,7 +264,6 @@ void tst_KitColors::hexField()
         { "", 0x80224466 },
     };
     PickerScene scene;
-    QVERIFY(scene.isValid());
     for (const auto &row : rows) {
         scene.picker->setColor(QColor(0x22, 0x44, 0x66, 0x80));
         QCOMPARE(scene.find("hexField")->property("text").toString(), QStringLiteral("#224466"));
@@ -285,7 +277,6 @@ void tst_KitColors::hexField()
 void tst_KitColors::numberFields()
 {
     PickerScene scene("color: '#224466'; mode: UiColorPicker.Mixer");
-    QVERIFY(scene.isValid());
     const struct
     {
         const char *field;
@@ -309,7 +300,6 @@ void tst_KitColors::numberFields()
 void tst_KitColors::faces()
 {
     PickerScene scene;
-    QVERIFY(scene.isReady());
     ColorPickerBase *item = scene.picker;
     QVERIFY(!scene.find("colorField"));
     click(scene.window(), center(scene.find("mixerButton")));
@@ -331,7 +321,6 @@ void tst_KitColors::button()
     Scene scene(QStringLiteral("property var asked: []\n"
                                "UiColorButton { objectName: 'button'; x: 20; y: 20; color: 'red'\n"
                                "onUpdateRequested: asked.push(newValue) }"));
-    QVERIFY(scene.isValid());
     auto *button = scene.find("button");
     auto *anchor = scene.find<PopupAnchor>("buttonPopup");
     click(scene.window(), center(button));
@@ -363,7 +352,6 @@ void tst_KitColors::buttonAsks()
         QStringLiteral("property var asked: []\n"
                        "UiColorButton { objectName: 'button'; color: 'red'; bindable: true\n"
                        "onUpdateRequested: asked.push(newValue) }"));
-    QVERIFY(scene.isValid());
     auto *button = scene.find("button");
     QMetaObject::invokeMethod(button, "show");
     scene.find<ColorPickerBase>("buttonPicker")->updateColor(Qt::blue);
@@ -378,7 +366,6 @@ void tst_KitColors::buttonPicksFromWindow()
 {
     Scene scene(QStringLiteral("Rectangle { anchors.fill: parent; color: '#7a3b19' }\n"
                                "UiColorButton { objectName: 'button'; x: 20; y: 20 }"));
-    QVERIFY(scene.isValid());
     auto *button = scene.find("button");
     click(scene.window(), center(button));
     QVERIFY(scene.waitForFrame());

@@ -40,7 +40,7 @@ inline std::shared_ptr<QColor> seenBy(ta::ui::ColorPickerCanvas *canvas)
 }
 
 /// A window of 400 x 300 with a picker in it; its halves are kLeft and kRight, under an area that
-/// counts presses. \a more lies above it.
+/// counts presses, as it does Escape. \a more lies above it.
 class PickScene : public Scene
 {
 public:
@@ -50,13 +50,14 @@ public:
                     "Rectangle { objectName: 'left'; width: 200; height: 300; color: '#317ab9' }\n"
                     "Rectangle { x: 200; width: 200; height: 300; color: '#e74211' }\n"
                     "MouseArea { anchors.fill: parent; hoverEnabled: true; onPressed: ++presses }\n"
+                    "Shortcut { sequence: 'Esc'; onActivated: ++presses }\n"
                     "UiColorPickerBase { objectName: 'picker' }\n")
                     + more,
                 QSize(400, 300))
     {
+        waitForFrame();
     }
 
-    bool isReady() { return isValid() && waitForFrame(); }
     ta::ui::ColorPickerBase *picker() const { return find<ta::ui::ColorPickerBase>("picker"); }
     int presses() const { return root()->property("presses").toInt(); }
 

@@ -60,7 +60,6 @@ QImage screenOf(const Scene &scene)
 void tst_EyedropperColors::colorsOnTheScreen()
 {
     PickScene scene(kScene);
-    QVERIFY(scene.isReady());
     const QImage before = screenOf(scene);
     auto *dialog = scene.find<Dialog>("dialog");
     dialog->show();

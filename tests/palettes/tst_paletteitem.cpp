@@ -101,7 +101,6 @@ void tst_PaletteItem::initTestCase()
 void tst_PaletteItem::places()
 {
     ItemScene scene;
-    QVERIFY(scene.isValid());
     GlobalDefaultPalette palette;
     scene.item->setPalette(&palette);
     const QVector<QQuickItem *> before = scene.patches();
@@ -126,7 +125,6 @@ void tst_PaletteItem::places()
 void tst_PaletteItem::nothingToShow()
 {
     ItemScene scene;
-    QVERIFY(scene.isValid());
     SignalLog log;
     log.watch(scene.item,
               { QStringLiteral("paletteChanged"), QStringLiteral("colorPickerChanged") });
@@ -159,7 +157,6 @@ void tst_PaletteItem::nothingToShow()
 void tst_PaletteItem::choosing()
 {
     ItemScene scene;
-    QVERIFY(scene.isValid());
     EditablePalette palette;
     palette.add(colorList({ "#ee4f4f", "#5b9555", "#ee4f4f" }));
     palette.add(colorList({ "#123456" }));
@@ -198,7 +195,6 @@ void tst_PaletteItem::choosing()
 void tst_PaletteItem::looks()
 {
     ItemScene scene(QSize(300, 100));
-    QVERIFY(scene.isValid());
     EditablePalette palette;
     for (const char *color : { "#ffffff", "#e5e5e5", "#e6e6e6", "#2040c0" })
         palette.add(colorList({ color }));
@@ -229,7 +225,6 @@ void tst_PaletteItem::looks()
 void tst_PaletteItem::follows()
 {
     ItemScene scene;
-    QVERIFY(scene.isValid());
     EditablePalette palette;
     auto *first = palette.add(colorList({ "#000001", "#000002" }));
     auto *second = palette.add(colorList({ "#000003" }));
@@ -266,7 +261,6 @@ void tst_PaletteItem::follows()
 void tst_PaletteItem::reuse()
 {
     ItemScene scene;
-    QVERIFY(scene.isValid());
     EditablePalette palette;
     palette.add(colorList({ "red", "lime", "blue" }));
     auto *swatch = palette.add(colorList({ "black", "white" }));
@@ -295,7 +289,6 @@ void tst_PaletteItem::reuse()
 void tst_PaletteItem::patchesDestroyed()
 {
     ItemScene scene;
-    QVERIFY(scene.isValid());
     EditablePalette palette;
     palette.add(colorList({ "red", "lime", "blue" }));
     scene.item->setPalette(&palette);
@@ -316,7 +309,6 @@ void tst_PaletteItem::patchesDestroyed()
 void tst_PaletteItem::partsGo()
 {
     ItemScene scene;
-    QVERIFY(scene.isValid());
     auto palette = std::make_unique<EditablePalette>();
     palette->add(colorList({ "black", "lime" }));
     scene.item->setPalette(palette.get());
@@ -347,7 +339,6 @@ void tst_PaletteItem::partsGo()
 void tst_PaletteItem::handlersThatChange()
 {
     ItemScene scene;
-    QVERIFY(scene.isValid());
     EditablePalette palette;
     palette.add(colorList({ "red", "lime", "blue" }));
     QPointer<EditableSwatch> second = palette.add(colorList({ "black" }));
@@ -372,7 +363,6 @@ void tst_PaletteItem::handlersThatDestroy()
     GlobalDefaultPalette palette;
     for (auto signal : { &PaletteItem::paletteChanged, &PaletteItem::colorPickerChanged }) {
         ItemScene scene;
-        QVERIFY(scene.isValid());
         connect(scene.item, signal, this, [&] { delete scene.item; });
         if (signal == &PaletteItem::paletteChanged)
             scene.item->setPalette(&palette);
@@ -384,7 +374,6 @@ void tst_PaletteItem::handlersThatDestroy()
     // What follows the colours of the patches takes the item with it, in the middle of a rebuild.
     {
         ItemScene scene;
-        QVERIFY(scene.isValid());
         EditablePalette editable;
         auto *swatch = editable.add(colorList({ "red", "lime", "blue" }));
         scene.item->setPalette(&editable);
@@ -396,7 +385,6 @@ void tst_PaletteItem::handlersThatDestroy()
 
     // What follows the places of the patches does, in the middle of a layout.
     ItemScene scene;
-    QVERIFY(scene.isValid());
     scene.item->setPalette(&palette);
     connect(scene.patches().at(20), &QQuickItem::xChanged, this,
             [&] { scene.item->setPalette(nullptr); });

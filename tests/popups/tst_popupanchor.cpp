@@ -18,7 +18,6 @@ private Q_SLOTS:
     void followsAnchor();
     void restsWhenNothingMoves();
     void showAndHide();
-    void instantCreation();
     void policies();
     void replacedComponent();
     void arrangedContent_data();
@@ -190,18 +189,6 @@ void tst_PopupAnchor::showAndHide()
     QVERIFY(timer.elapsed() >= 699);
     QVERIFY(anchor->popupItem());
     anchor->hide();
-}
-
-void tst_PopupAnchor::instantCreation()
-{
-    AnchorScene scene(control(100, 100, kInstant + kPopup));
-    const QQuickItem *popup = scene.anchor->popupItem();
-    QVERIFY(popup && !popup->isEnabled());
-    for (bool visible : { true, false, true, false }) {
-        scene.anchor->setPopupVisible(visible);
-        QCOMPARE(scene.anchor->popupItem(), popup);
-        QCOMPARE(popup->isEnabled(), visible);
-    }
 }
 
 void tst_PopupAnchor::policies()

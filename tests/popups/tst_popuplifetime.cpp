@@ -20,14 +20,12 @@ private Q_SLOTS:
     void withoutWindow();
     void declaredInstant();
     void movesToAnotherWindow();
-    void windowGoes_data();
     void windowGoes();
     void itemDestroyedOutside();
     void handlersThatAskForTheOpposite_data();
     void handlersThatAskForTheOpposite();
     void handlersThatDestroy_data();
     void handlersThatDestroy();
-    void eventsThatDestroy_data();
     void eventsThatDestroy();
     void destroyedWhileShown();
     void nestedPopups();
@@ -183,30 +181,25 @@ void tst_PopupLifetime::movesToAnotherWindow()
     QTRY_VERIFY(!item);
 }
 
-void tst_PopupLifetime::windowGoes_data()
-{
-    QTest::addColumn<int>("unused");
-    for (const char *way : { "close", "hide", "destroy" })
-        QTest::newRow(way) << 0;
-}
-
 void tst_PopupLifetime::windowGoes()
 {
-    const QString way = QString::fromLatin1(QTest::currentDataTag());
-    AnchorScene scene(
-        kAnchor + QString(kAnchor).replace(QLatin1String("'anchor'"), QLatin1String("'above'")));
-    const QPointer<PopupAnchor> above = scene.find<PopupAnchor>("above");
-    scene.anchor->show();
-    above->show();
-    if (way == QLatin1String("close"))
-        scene.window()->close();
-    else if (way == QLatin1String("hide"))
-        scene.window()->hide();
-    else
-        scene.destroyWindow();
-    QVERIFY(!PopupStack::top());
-    for (const auto &anchor : { scene.anchor, above })
-        QVERIFY(!anchor || !anchor->isPopupVisible());
+    for (const char *way : { "close", "hide", "destroy" }) {
+        AnchorScene scene(
+            kAnchor
+            + QString(kAnchor).replace(QLatin1String("'anchor'"), QLatin1String("'above'")));
+        const QPointer<PopupAnchor> above = scene.find<PopupAnchor>("above");
+        scene.anchor->show();
+        above->show();
+        if (qstrcmp(way, "close") == 0)
+            scene.window()->close();
+        else if (qstrcmp(way, "hide") == 0)
+            scene.window()->hide();
+        else
+            scene.destroyWindow();
+        QVERIFY2(!PopupStack::top(), way);
+        for (const auto &anchor : { scene.anchor, above })
+            QVERIFY2(!anchor || !anchor->isPopupVisible(), way);
+    }
 }
 
 void tst_PopupLifetime::itemDestroyedOutside()
@@ -303,26 +296,19 @@ void tst_PopupLifetime::handlersThatDestroy()
     QVERIFY(!PopupStack::top());
 }
 
-void tst_PopupLifetime::eventsThatDestroy_data()
-{
-    QTest::addColumn<QEvent::Type>("type");
-    QTest::newRow("press") << QEvent::MouseButtonPress;
-    QTest::newRow("resize") << QEvent::Resize;
-    QTest::newRow("close") << QEvent::Close;
-    QTest::newRow("escape") << QEvent::KeyPress;
-}
-
 // The event that closes a popup must not go on to a window that the popup's handler destroyed.
 void tst_PopupLifetime::eventsThatDestroy()
 {
-    QFETCH(QEvent::Type, type);
-    AnchorScene scene(kAnchor);
-    on(scene.anchor, QStringLiteral("aboutToHide"), [&] { scene.destroyWindow(); });
-    scene.anchor->show();
-    const int detail = type == QEvent::KeyPress ? int(Qt::Key_Escape) : int(Qt::LeftButton);
-    const auto event = makeEvent(type, detail, scene.window()->mapToGlobal(kOutside));
-    QVERIFY(QCoreApplication::sendEvent(scene.window(), event.get()));
-    QVERIFY(!scene.window());
+    for (auto type :
+         { QEvent::MouseButtonPress, QEvent::Resize, QEvent::Close, QEvent::KeyPress }) {
+        AnchorScene scene(kAnchor);
+        on(scene.anchor, QStringLiteral("aboutToHide"), [&] { scene.destroyWindow(); });
+        scene.anchor->show();
+        const int detail = type == QEvent::KeyPress ? int(Qt::Key_Escape) : int(Qt::LeftButton);
+        const auto event = makeEvent(type, detail, scene.window()->mapToGlobal(kOutside));
+        QVERIFY(QCoreApplication::sendEvent(scene.window(), event.get()));
+        QVERIFY(!scene.window());
+    }
 }
 
 void tst_PopupLifetime::destroyedWhileShown()

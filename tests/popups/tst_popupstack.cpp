@@ -7,6 +7,7 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -63,98 +64,67 @@ class tst_PopupStack : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void destroyedPopups();
-    void popsOfStrangers();
-    void duplicates();
     void randomOrder();
+    void pushOfNothing();
     void backgroundBlocksInput();
     void backgroundFollowsSize();
 };
 
-// A dead top leaves no filter, and a pop of null, which stands for it, hands on to the one below.
-void tst_PopupStack::destroyedPopups()
-{
-    Popup a;
-    PopupStack::push(&a);
-    {
-        Popup top;
-        PopupStack::push(&top);
-    }
-    QVERIFY(!PopupStack::top() && !a.isFilter());
-    PopupStack::pop(nullptr);
-    QVERIFY(a.isFilter());
-    PopupStack::pop(&a);
-}
-
-void tst_PopupStack::popsOfStrangers()
-{
-    Popup a, stranger;
-    PopupStack::pop(&stranger);
-    PopupStack::pop(nullptr);
-    PopupStack::push(&a);
-    PopupStack::pop(&stranger);
-    PopupStack::pop(nullptr);
-    QVERIFY(a.isFilter());
-    expectWarning(QStringLiteral("null popup"));
-    PopupStack::push(nullptr);
-    QCOMPARE(PopupStack::top(), &a);
-    QVERIFY(a.isFilter());
-    PopupStack::pop(&a);
-    QVERIFY(!PopupStack::top());
-}
-
-// A second entry is the higher one.
-void tst_PopupStack::duplicates()
-{
-    Popup a, b;
-    for (Popup *popup : { &a, &b, &a })
-        PopupStack::push(popup);
-    for (Popup *popup : { &a, &b, &a }) {
-        QVERIFY(popup->isFilter());
-        PopupStack::pop(popup);
-    }
-    QVERIFY(!PopupStack::top());
-}
-
-// Whatever the order, the live popup pushed last is the one and only filter, unless a popup died on
-// top.
+// Whatever the order, what was pushed last and is on the stack is the one and only filter; where it
+// is dead, nobody is. A second entry of a popup is the higher one, and null stands for a dead one.
 void tst_PopupStack::randomOrder()
 {
     std::mt19937 random(1);
     const auto pick = [&](size_t count) {
         return std::uniform_int_distribution<size_t>(0, count - 1)(random);
     };
+    Popup stranger;
     std::vector<std::unique_ptr<Popup>> popups;
     QVector<Popup *> open; // bottom first; null where one has died
-    for (int step = 0; step < 2000; ++step) {
-        if (popups.empty() || pick(5) < 2) {
-            popups.push_back(std::make_unique<Popup>());
-            open.append(popups.back().get());
-            PopupStack::push(popups.back().get());
-        } else {
-            const auto chosen = popups.begin() + int(pick(popups.size()));
-            Popup *popup = chosen->get();
-            if (pick(2) == 0) {
-                PopupStack::pop(popup);
-                if (!open.isEmpty() && open.last() == popup) {
-                    open.removeLast();
-                    while (!open.isEmpty() && !open.last())
-                        open.removeLast();
-                } else {
-                    open.removeOne(popup);
-                }
-            } else {
-                if (open.contains(popup))
-                    open.replace(open.indexOf(popup), nullptr);
-                popups.erase(chosen);
-            }
+    const auto pop = [&open](Popup *popup) {
+        PopupStack::pop(popup);
+        if (open.isEmpty() || open.last() != popup) {
+            open.removeOne(popup);
+            return;
         }
+        open.removeLast();
+        while (!open.isEmpty() && !open.last())
+            open.removeLast();
+    };
+    for (int step = 0; step < 3000; ++step) {
+        const size_t action = pick(9);
+        if (popups.empty() || action < 2)
+            popups.push_back(std::make_unique<Popup>());
+        const auto chosen = popups.begin() + int(pick(popups.size()));
+        if (action < 3) {
+            open.append(action < 2 ? popups.back().get() : chosen->get());
+            PopupStack::push(open.last());
+        } else if (action < 6) {
+            pop(chosen->get());
+        } else if (action < 8) {
+            std::replace(open.begin(), open.end(), chosen->get(), static_cast<Popup *>(nullptr));
+            popups.erase(chosen);
+        } else {
+            pop(nullptr);
+            pop(&stranger);
+        }
+        QCOMPARE(PopupStack::top(), open.isEmpty() ? nullptr : open.last());
         for (const auto &popup : popups)
             QCOMPARE(popup->isFilter(), !open.isEmpty() && open.last() == popup.get());
     }
-    for (int entries = open.count(); entries > 0; --entries)
-        PopupStack::pop(PopupStack::top());
+    while (!open.isEmpty())
+        pop(open.last());
     QVERIFY(!PopupStack::top());
+}
+
+void tst_PopupStack::pushOfNothing()
+{
+    Popup popup;
+    PopupStack::push(&popup);
+    expectWarning(QStringLiteral("null popup"));
+    PopupStack::push(nullptr);
+    QVERIFY(popup.isFilter());
+    PopupStack::pop(&popup);
 }
 
 void tst_PopupStack::backgroundBlocksInput()

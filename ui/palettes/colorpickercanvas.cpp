@@ -221,6 +221,10 @@ bool ColorPickerCanvas::eventFilter(QObject *watched, QEvent *event)
     case QEvent::HoverEnter:
     case QEvent::HoverLeave:
         return true;
+    case QEvent::ShortcutOverride:
+        // Comes before the key press, which would become a shortcut of the host instead.
+        event->accept();
+        return true;
     case QEvent::KeyPress:
         if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
             d->abort();
