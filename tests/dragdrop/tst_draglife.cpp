@@ -179,7 +179,6 @@ void tst_DragLife::init()
 {
     TestCase::init();
     m_scene = std::make_unique<Scene>(kScene);
-    QVERIFY(m_scene->isValid());
     auto *parent = new QQuickItem(place());
     parent->setObjectName(QStringLiteral("parent"));
     m_zone = new ProbeZone(parent);

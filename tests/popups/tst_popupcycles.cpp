@@ -37,7 +37,6 @@ void tst_PopupCycles::heap()
         "buttons: UiDialogButton { role: UiDialogButton.OkRole }\n"
         "contentDelegate: Component { FocusScope { property var dialog; focus: true } } }\n"
         "UiPopupAnchor { objectName: 'anchor'; autoLayout: true; Item { implicitHeight: 30 } }\n"));
-    QVERIFY(scene.isValid());
     auto *menu = scene.find<ContextMenu>("menu");
     auto *dialog = scene.find<Dialog>("dialog");
     auto *anchor = scene.find<PopupAnchor>("anchor");

@@ -131,7 +131,6 @@ void tst_PopupStack::backgroundBlocksInput()
 {
     Scene scene(QStringLiteral("Rectangle { objectName: 'popup'; x: 100; y: 100; z: 1; width: 200;"
                                " height: 100; Item { objectName: 'field'; focus: true } }"));
-    QVERIFY(scene.isValid());
     Catcher below(scene.root());
     auto *popup = scene.find("popup");
     auto *background = new PopupBackground(popup);

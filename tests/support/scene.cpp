@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kFrameTimeout = 5000; // ms
 
+constexpr int kPatience = 20000; // ms, on a slow machine
 bool s_kit = false;
 
 QQuickItem *findItem(QQuickItem *item, const QString &objectName)
@@ -63,8 +64,8 @@ Scene::Scene(const QString &body, const QSize &size)
     // A new window is activated without being asked for. Asking as well, a window manager takes the
     // focus away for a moment, some time after it gave it; a press is forgotten then.
     m_window->show();
-    if (!QTest::qWaitForWindowExposed(m_window.get())
-        || !QTest::qWaitForWindowActive(m_window.get()))
+    if (!QTest::qWaitForWindowExposed(m_window.get(), kPatience)
+        || !QTest::qWaitForWindowActive(m_window.get(), kPatience))
         qFatal("The window of a scene was not shown");
     m_root = root;
 }

@@ -25,8 +25,6 @@ public:
     /// From now on, scenes import the kit as well.
     static void useKit();
 
-    /// Whether the root is still there.
-    bool isValid() const { return m_root; }
     QQmlEngine &engine() { return m_engine; }
     QQuickWindow *window() const { return m_window.get(); }
     QQuickItem *root() const { return m_root; }
