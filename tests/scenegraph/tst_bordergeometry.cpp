@@ -15,7 +15,6 @@ private Q_SLOTS:
     void solid();
     void dashed_data();
     void dashed();
-    void distances();
 };
 
 namespace {
@@ -75,14 +74,6 @@ void tst_BorderGeometry::dashed()
         const Row row = { vertices[i].x, vertices[i].y, vertices[i].distance };
         QVERIFY2(row == rows.at(i), qPrintable(QString::number(i)));
     }
-}
-
-// Once around is the outline less three corners, each of which counts once and not twice.
-void tst_BorderGeometry::distances()
-{
-    const BorderDistances along = borderDistances(QSizeF(1e6 + 0.25, 1e6), 3);
-    QCOMPARE(along.right, 1e6 + 0.25);
-    QCOMPARE(along.end, 4e6 + 0.5 - 9); // floats would be out by quarters here
 }
 
 TAMBER_TEST_MAIN(tst_BorderGeometry)
