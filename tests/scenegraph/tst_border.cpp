@@ -6,8 +6,6 @@
 
 #include <TamberUi/Border>
 
-#include <QtQuick/QSGFlatColorMaterial>
-
 #include <climits>
 
 using namespace ta::ui;
@@ -95,11 +93,6 @@ QString difference(QQuickWindow *window, const QVector<Look> &looks)
     });
 }
 
-QColor nodeColor(QSGGeometryNode *node)
-{
-    return static_cast<QSGFlatColorMaterial *>(node->material())->color();
-}
-
 } // namespace
 
 class tst_Border : public TestCase
@@ -108,7 +101,6 @@ class tst_Border : public TestCase
 
 private Q_SLOTS:
     void setters();
-    void nodes();
     void pixels();
     void translucent();
     void changes();
@@ -144,46 +136,6 @@ void tst_Border::setters()
     QVERIFY(border->paints > 0);
 }
 
-// Each change reaches the node that is there, another style has another one, and a fresh node has
-// everything.
-void tst_Border::nodes()
-{
-    Probe border;
-    border.setSize(QSizeF(100, 50));
-    QSGNode root;
-    const auto paint = [&] {
-        QSGGeometryNode *node = border.paint(root.firstChild());
-        if (node && !node->parent())
-            root.appendChildNode(node);
-        return node;
-    };
-    QVERIFY(paint()->material()->flags() & QSGMaterial::Blending);
-    border.setStyle(Border::Solid);
-    QSGGeometryNode *node = paint();
-    QCOMPARE(root.childCount(), 1);
-    border.setBorderWidth(5);
-    connect(&border, &Border::colorChanged, this, [&] {
-        QCOMPARE(paint(), node); // what the signal says is on its way already
-        QCOMPARE(nodeColor(node), QColor(Qt::blue));
-    });
-    border.setColor(Qt::blue);
-
-    // Nothing is dirty, but there is no node any more: the window was another one.
-    delete node;
-    node = paint();
-    QVERIFY(node);
-    QCOMPARE(node->geometry()->vertexDataAsPoint2D()[6].x, 95.0f);
-    QCOMPARE(nodeColor(node), QColor(Qt::blue));
-
-    // No node for a style that does not exist, and one again for the next that does.
-    border.setStyle(Border::BorderStyle(2));
-    QVERIFY(!paint());
-    QCOMPARE(root.childCount(), 0);
-    border.setStyle(Border::Dashed);
-    QVERIFY(paint());
-    delete root.firstChild();
-}
-
 void tst_Border::pixels()
 {
     const QRectF area(20, 30, 100, 50);
@@ -192,6 +144,7 @@ void tst_Border::pixels()
         { area, 2, 8, 4 }, // all corners painted
         { QRectF(20, 30, 105, 50), 2, 8, 4 }, // two corners empty
         { odd, 12, 2, 3 }, // dashes within a corner
+        { QRectF(20, 30, 100.125, 50.125), 3, 8, 4 },
         { QRectF(QPointF(), kWindow), 1, 5, 3 },
         { area, 3, 40, 1000 }, // no second dash
         { QRectF(20, 30, 10, 50), 5, 8, 4, Border::Solid },
@@ -245,7 +198,8 @@ void tst_Border::changes()
         look.apply(border);
         QCOMPARE(difference(scene.window(), { look }), QString());
     }
-    delete border;
+    border->setStyle(Border::BorderStyle(7)); // none that exists
+    QCOMPARE(difference(scene.window(), QVector<Look>()), QString());
 
     // Drawn one after the other, each of them with what is its own; the first and the last
     // together.

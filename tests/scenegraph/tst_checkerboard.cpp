@@ -8,8 +8,6 @@
 
 #include <TamberUi/CheckerBoard>
 
-#include <QtQuick/QSGGeometryNode>
-
 #include <climits>
 
 using namespace ta::ui;
@@ -88,7 +86,6 @@ class tst_CheckerBoard : public TestCase
 private Q_SLOTS:
     void setters();
     void handlersThatDestroy();
-    void nodes();
     void material();
     void pixels();
     void moves();
@@ -131,30 +128,6 @@ void tst_CheckerBoard::handlersThatDestroy()
     connect(board, &CheckerBoard::tileSizeChanged, this, [&] { delete board; });
     board->setTileSize(5);
     QVERIFY(!board);
-}
-
-void tst_CheckerBoard::nodes()
-{
-    Probe board;
-    board.setSize(QSizeF(100, 50));
-    const auto look = [](QSGGeometryNode *node) {
-        return static_cast<CheckerBoardMaterial *>(node->material());
-    };
-    std::unique_ptr<QSGGeometryNode> node(board.paint(nullptr));
-    board.setSize(QSizeF(30, 40));
-    board.setTileSize(20);
-    QCOMPARE(board.paint(node.get()), node.get());
-    // Nothing is dirty, but the old node is gone with its window.
-    node.reset(board.paint(nullptr));
-    const QSGGeometry::Point2D corner = node->geometry()->vertexDataAsPoint2D()[3];
-    QCOMPARE(QPointF(corner.x, corner.y), QPointF(30, 40));
-    QCOMPARE(look(node.get())->tileSize(), 20);
-
-    // The signal comes first, but what a handler draws too early is not lost.
-    connect(&board, &CheckerBoard::primaryColorChanged, this, [&] { board.paint(node.get()); });
-    board.setPrimaryColor(Qt::red);
-    board.paint(node.get());
-    QCOMPARE(look(node.get())->color0(), QColor(Qt::red));
 }
 
 // Blending goes on and off with the colours, and that alone is a change, too.

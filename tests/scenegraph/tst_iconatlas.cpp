@@ -20,7 +20,6 @@ private Q_SLOTS:
     void pictures_data();
     void pictures();
     void choice();
-    void cells();
     void names();
     void sharedGeometry();
     void imagesStayWithIcons();
@@ -138,29 +137,6 @@ void tst_IconAtlas::choice()
     QCOMPARE(&getAtlas(24, 0.5), &iconAtlas_24());
     expectWarning(QStringLiteral("^Unsupported atlas size 48$"));
     QCOMPARE(&getAtlas(48, 2), &iconAtlas_24());
-}
-
-void tst_IconAtlas::cells()
-{
-    const struct
-    {
-        int size;
-        double ratio;
-        const char *name;
-        QPointF place;
-        double extent;
-    } rows[] = {
-        { 16, 1, "close", QPointF(4 * 0.070313, 0.070313), 0.0625 },
-        { 24, 1, "width", QPointF(8 * 0.050781, 10 * 0.050781), 0.046875 },
-        { 32, 2, "wifi-config", QPointF(4 * 0.128906, 6 * 0.128906), 0.125 },
-        { 24, 1, "no such glyph", QPointF(), 0.046875 },
-        { 32, 1, "", QPointF(), 0.125 },
-    };
-    for (const auto &row : rows) {
-        const QRectF cell = iconCell(row.size, row.ratio, row.name);
-        QVERIFY2((cell.topLeft() - row.place).manhattanLength() < 2e-6, row.name);
-        QCOMPARE(cell.size(), QSizeF(row.extent, row.extent));
-    }
 }
 
 void tst_IconAtlas::names()
