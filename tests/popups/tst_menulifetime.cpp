@@ -18,16 +18,12 @@ private Q_SLOTS:
     void initTestCase() { Scene::useKit(); }
     void handlersThatDestroy_data();
     void handlersThatDestroy();
-    void qmlHandlersThatDestroy();
     void handlersThatReopen();
     void handlersThatClose();
-    void handlersThatDisable();
     void handlersThatChangeEntries();
-    void popupBelow();
     void withoutEngine();
     void ownEntries();
     void twoEngines();
-    void fading();
 };
 
 namespace {
@@ -113,34 +109,6 @@ void tst_MenuLifetime::handlersThatDestroy()
     click(scene.window(), kPlace);
 }
 
-// As screens do it: an entry takes away what the menu was asked for.
-void tst_MenuLifetime::qmlHandlersThatDestroy()
-{
-    for (const char *statement : { "target.active = false", "window.destroy()" }) {
-        Scene scene(QString {});
-        const auto object =
-            scene
-                .create(QStringLiteral(
-                            "Window { id: window; width: 800; height: 600; visible: true\n"
-                            "Loader { id: target; anchors.fill: parent; sourceComponent: Item {\n"
-                            "UiContextMenu { UiMenuItem { onTriggered: %1 } } } } }")
-                            .arg(QLatin1String(statement)))
-                .release();
-        const QPointer<QQuickWindow> window = qobject_cast<QQuickWindow *>(object);
-        QVERIFY(window && QTest::qWaitForWindowExposed(window));
-        QQmlEngine::setObjectOwnership(window, QQmlEngine::JavaScriptOwnership);
-        click(window, kPlace, Qt::RightButton);
-        QSignalSpy frames(window, &QQuickWindow::frameSwapped);
-        window->update();
-        QVERIFY(frames.wait());
-        const QPointer<QObject> menu = PopupStack::top();
-        QVERIFY(menu);
-        click(window, kEntry);
-        QTRY_VERIFY(!menu && !PopupStack::top());
-        delete window;
-    }
-}
-
 // What was asked for last holds, and the stack has one entry for it.
 void tst_MenuLifetime::handlersThatReopen()
 {
@@ -210,19 +178,6 @@ void tst_MenuLifetime::handlersThatClose()
     }
 }
 
-void tst_MenuLifetime::handlersThatDisable()
-{
-    MenuScene scene(kScene);
-    ContextMenu *menu = scene.menu;
-    connect(menu, &ContextMenu::contextMenuRequested, [menu] { menu->setEnabled(false); });
-    connect(menu, &ContextMenu::enabledChanged, [menu] { menu->setEnabled(false); });
-    scene.open(kPlace);
-    QVERIFY(!menu->rootItem());
-    menu->setEnabled(true);
-    QVERIFY(!menu->isEnabled());
-    QCOMPARE(scene.find("target")->acceptedMouseButtons(), Qt::NoButton);
-}
-
 void tst_MenuLifetime::handlersThatChangeEntries()
 {
     MenuScene scene(
@@ -235,18 +190,6 @@ void tst_MenuLifetime::handlersThatChangeEntries()
         scene.open(kPlace);
         QCOMPARE(scene.frame()->height(), 2 * 32 + 6.0);
     }
-}
-
-// A menu that goes while it is open gives the application's events back to the popup below.
-void tst_MenuLifetime::popupBelow()
-{
-    MenuScene scene(kScene + QStringLiteral("UiPopupAnchor { objectName: 'below'; Item {} }"));
-    QMetaObject::invokeMethod(scene.find("below"), "show");
-    scene.menu->showAt(scene.root(), kPlace);
-    QCOMPARE(PopupStack::top(), scene.menu.data());
-    delete scene.menu.data();
-    QCOMPARE(PopupStack::top(), scene.find("below"));
-    QTest::keyClick(scene.window(), Qt::Key_Escape);
 }
 
 void tst_MenuLifetime::withoutEngine()
@@ -312,18 +255,6 @@ void tst_MenuLifetime::twoEngines()
     QCOMPARE(PopupStack::top(), second.menu.data());
     click(second.window(), kEntry);
     QVERIFY(!second.menu->rootItem() && !PopupStack::top());
-}
-
-// Items that fade out go by themselves, however many there are.
-void tst_MenuLifetime::fading()
-{
-    MenuScene scene(kScene);
-    for (int round = 0; round < 20; ++round) {
-        scene.menu->showAt(scene.root(), kPlace);
-        scene.menu->close();
-    }
-    QTRY_COMPARE(itemsInWindow(scene), 1);
-    QCOMPARE(scene.menu->children().count(), 1); // the entry
 }
 
 TAMBER_TEST_MAIN(tst_MenuLifetime)
