@@ -76,7 +76,6 @@ void tst_ContextMenu::entries()
     // What changes while the menu is open.
     rename->setVisible(false);
     QVERIFY(!delegateOf(scene, "rename")->isVisible());
-    QVERIFY(!delegateOf(scene, "rename")->isEnabled());
     delete scene.find<MenuItem>("remove");
     QTRY_COMPARE(scene.frame()->height(), 32 + 5 + 6.0);
 }
@@ -111,14 +110,12 @@ void tst_ContextMenu::rightClick()
     QCOMPARE(item->position(), QPointF(160, 155));
     QCOMPARE(item->z(), 4294967295.0);
     QCOMPARE(item->parentItem(), scene.window()->contentItem());
-    QVERIFY(item->property("_ta_isPopup").toBool());
     QTRY_COMPARE(item->opacity(), 1.0);
 
     QQuickItem *delegate = delegateOf(scene, "rename");
     move(scene.window(), center(delegate));
     QVERIFY(delegate->property("hovered").toBool());
     press(scene.window(), center(delegate));
-    QVERIFY(delegate->property("pressed").toBool());
     QVERIFY(take().isEmpty());
     release(scene.window(), center(delegate));
     QCOMPARE(take(), names({ "triggered visible on stack", "menuVisibleChanged on stack",

@@ -16,7 +16,6 @@ private Q_SLOTS:
     void initTestCase() { Scene::useKit(); }
     void handlersThatDestroy_data();
     void handlersThatDestroy();
-    void handlersThatClose_data();
     void handlersThatClose();
     void handlersThatReopen();
     void contentThatCallsBack();
@@ -25,7 +24,6 @@ private Q_SLOTS:
     void hostDestroyedOutside();
     void windowGoes();
     void engineGoes();
-    void twoEngines();
 };
 
 namespace {
@@ -115,30 +113,24 @@ void tst_DialogLifetime::handlersThatDestroy()
     }
 }
 
-void tst_DialogLifetime::handlersThatClose_data()
-{
-    QTest::addColumn<QStringList>("log");
-    for (const char *signal : { "contentChanged", "activeFocusItemChanged" })
-        QTest::newRow(signal) << names({ "rejected" });
-    QTest::newRow("opened") << names({ "opened", "rejected" });
-}
-
 // A dialog that a handler closes while it opens is closed, and was never opened or had been.
 void tst_DialogLifetime::handlersThatClose()
 {
-    const QString signal = QString::fromLatin1(QTest::currentDataTag());
-    DialogScene scene(kDialog);
-    Dialog *dialog = scene.dialog;
-    SignalLog log;
-    log.watch(dialog, names({ "opened", "rejected" }));
-    QObject *sender = dialog;
-    if (signal == QLatin1String("activeFocusItemChanged"))
-        sender = scene.window();
-    on(sender, signal, [dialog] { dialog->reject(); });
-    dialog->show();
-    QTEST(log.take(), "log");
-    QVERIFY(!dialog->rootItem() && !dialog->content() && !PopupStack::top());
-    QVERIFY(scene.find("before")->hasActiveFocus());
+    for (const QString &signal : names({ "contentChanged", "activeFocusItemChanged", "opened" })) {
+        DialogScene scene(kDialog);
+        Dialog *dialog = scene.dialog;
+        SignalLog log;
+        log.watch(dialog, names({ "opened", "rejected" }));
+        QObject *sender = dialog;
+        if (signal == QLatin1String("activeFocusItemChanged"))
+            sender = scene.window();
+        on(sender, signal, [dialog] { dialog->reject(); });
+        dialog->show();
+        const bool opened = signal == QLatin1String("opened");
+        QCOMPARE(log.take(), opened ? names({ "opened", "rejected" }) : names({ "rejected" }));
+        QVERIFY(!dialog->rootItem() && !dialog->content() && !PopupStack::top());
+        QVERIFY(scene.find("before")->hasActiveFocus());
+    }
 }
 
 void tst_DialogLifetime::handlersThatReopen()
@@ -264,25 +256,6 @@ void tst_DialogLifetime::engineGoes()
         dialog->show();
         QVERIFY(!dialog->rootItem());
     }
-}
-
-void tst_DialogLifetime::twoEngines()
-{
-    DialogScene first(kDialog);
-    first.dialog->show();
-    {
-        DialogScene second(kDialog);
-        QVERIFY(second.dialog->headerDelegate() != first.dialog->headerDelegate());
-        second.dialog->show();
-        QCOMPARE(qmlEngine(second.dialog->rootItem()), &second.engine());
-        QCOMPARE(PopupStack::top(), second.dialog.data());
-        second.dialog->reject();
-    }
-    QCOMPARE(PopupStack::top(), first.dialog.data());
-    first.dialog->reject();
-    first.dialog->show();
-    QVERIFY(first.dialog->content());
-    first.dialog->reject();
 }
 
 TAMBER_TEST_MAIN(tst_DialogLifetime)

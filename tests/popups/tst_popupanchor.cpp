@@ -49,7 +49,7 @@ const QString kInstant = QStringLiteral("popupCreationPolicy: UiPopupAnchor.Inst
 const QString kBelow = QStringLiteral(
     "property int keys: 0; Keys.onPressed: ++keys; focus: true\n"
     "MouseArea { objectName: 'below'; property int presses: 0; anchors.fill: parent\n"
-    "onPressed: ++presses }\n");
+    "onPressed: ++presses; onWheel: ++presses }\n");
 const QPoint kOutside(500, 500);
 
 } // namespace
@@ -220,6 +220,8 @@ void tst_PopupAnchor::pressOutside()
     anchor->show();
     click(scene.window(), QPoint(150, 150)); // on an empty part of the popup
     QVERIFY(anchor->isPopupVisible() && anchor->popupItem()->hasActiveFocus());
+    wheel(scene.window(), kOutside, 1); // gets nowhere, and closes nothing
+    QVERIFY(anchor->isPopupVisible());
     QCOMPARE(presses(), 0);
     click(scene.window(), kOutside);
     QVERIFY(!anchor->isPopupVisible());

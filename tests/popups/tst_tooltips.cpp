@@ -9,8 +9,6 @@
 
 #include <QtCore/QElapsedTimer>
 
-#include <ctime>
-
 using namespace ta::ui;
 using namespace ta::test;
 
@@ -28,7 +26,6 @@ private Q_SLOTS:
     void place();
     void windows();
     void membership();
-    void thousands();
 };
 
 namespace {
@@ -248,31 +245,6 @@ void tst_Tooltips::membership()
     delete target->findChild<Tooltip *>();
     scene.endRest();
     QVERIFY(!agent->tooltipVisible());
-}
-
-// A screen full of tooltips costs nobody anything to speak of.
-void tst_Tooltips::thousands()
-{
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    QSKIP("A sanitizer's code has times of its own; the run without one does this test");
-#endif
-    const auto processorTime = [] {
-        timespec time {};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return time.tv_sec * 1e3 + time.tv_nsec / 1e6; // ms
-    };
-    AgentScene scene(QStringLiteral(
-        "Repeater { model: 10000; Item { x: index % 100 * 8; y: Math.floor(index / 100) * 6\n"
-        "width: 8; height: 6; UiTooltip { text: index } } }"));
-    double best = 1e9;
-    for (int i = 0; i < 20; ++i) {
-        move(scene.window(), QPoint(404, 303));
-        const double before = processorTime();
-        scene.endRest();
-        best = qMin(best, processorTime() - before);
-    }
-    QVERIFY(best < 1);
-    QCOMPARE(scene.agent->tooltipText(), QStringLiteral("5050"));
 }
 
 TAMBER_TEST_MAIN(tst_Tooltips)
