@@ -20,7 +20,6 @@ private Q_SLOTS:
     void roles_data();
     void roles();
     void changes();
-    void list();
     void withoutPublicModule();
 };
 
@@ -72,7 +71,6 @@ void tst_DialogButton::changes()
     button.setRole(DialogButton::OkRole);
     QCOMPARE(log.take(), names({ "roleChanged", "textChanged" }));
     button.setText(button.text()); // the stored text is empty still
-    button.setText(button.text());
     button.setRole(DialogButton::CancelRole);
     button.setVisible(false);
     button.setEnabled(false);
@@ -85,32 +83,6 @@ void tst_DialogButton::changes()
     auto *doomed = new DialogButton;
     connect(doomed, &DialogButton::roleChanged, doomed, [doomed] { delete doomed; });
     doomed->setRole(DialogButton::OkRole);
-}
-
-void tst_DialogButton::list()
-{
-    Dialog dialog;
-    DialogButton button;
-    auto *doomed = new DialogButton;
-    SignalLog log;
-    log.watch(&dialog, names({ "buttonsChanged" }));
-    QQmlListProperty<DialogButton> list = dialog.buttons();
-    list.clear(&list);
-    QVERIFY(log.take().isEmpty());
-    list.append(&list, &button);
-    list.append(&list, nullptr);
-    list.append(&list, doomed);
-    QCOMPARE(log.take().count(), 3);
-    dialog.setDefaultButton(doomed);
-    delete doomed;
-    QVERIFY(!dialog.defaultButton());
-    QCOMPARE(list.count(&list), 3);
-    QCOMPARE(list.at(&list, 0), &button);
-    for (int index : { -1, 1, 2, 3 })
-        QVERIFY(!list.at(&list, index));
-    list.clear(&list);
-    QCOMPARE(log.take().count(), 1);
-    QCOMPARE(list.count(&list), 0);
 }
 
 // The library's components need the types of a public module, which is nowhere here.

@@ -72,9 +72,7 @@ void tst_TooltipLifetime::ownDelegate()
                                     "property string words: UiTooltipAgent.tooltipText\n"
                                     "property bool shown: UiTooltipAgent.tooltipVisible\n"
                                     "Component.onCompleted:\n"
-                                    "hasAgent = UiTooltipAgent.agent !== null }\n"
-                                    "property bool elsewhere: UiTooltipAgent.tooltipVisible\n"
-                                    "|| UiTooltipAgent.tooltipText !== ''\n"));
+                                    "hasAgent = UiTooltipAgent.agent !== null }"));
     TooltipAgent *agent = scene.agent;
     scene.restAt(kOverItem);
     const QPointer<QQuickItem> before = agent->tooltipItem();
@@ -82,7 +80,6 @@ void tst_TooltipLifetime::ownDelegate()
     log.watch(agent, names({ "tooltipVisibleChanged", "tooltipTextChanged",
                              "tooltipDelegateChanged", "tooltipItemChanged" }));
     auto *own = scene.root()->property("own").value<QQmlComponent *>();
-    agent->setTooltipDelegate(own);
     agent->setTooltipDelegate(own);
     QCOMPARE(log.take(),
              names({ "tooltipDelegateChanged", "tooltipVisibleChanged", "tooltipItemChanged" }));
@@ -95,7 +92,6 @@ void tst_TooltipLifetime::ownDelegate()
     QCOMPARE(tip->property("around").value<QQuickItem *>(), scene.root());
     QVERIFY(tip->property("hasAgent").toBool() && tip->property("shown").toBool());
     QCOMPARE(tip->property("words").toString(), QStringLiteral("tip"));
-    QVERIFY(!scene.root()->property("elsewhere").toBool());
 
     // One that somebody else destroys is made again.
     delete agent->tooltipItem();

@@ -105,30 +105,20 @@ void tst_Tooltips::whatIsShown_data()
         return QStringLiteral("Item { width: 100; height: 100; %1\n%2 }")
             .arg(QLatin1String(properties), items);
     };
-    const auto popup = [](int size, const QString &items) {
+    const auto popup = [](int size) {
         return QStringLiteral("UiPopupAnchor { popupVisible: true\n"
-                              "Item { width: %1; height: %1\n%2 } }")
-            .arg(size)
-            .arg(items);
-    };
-    const auto clip = [](int size, const QString &items) {
-        return QStringLiteral("Item { width: %1; height: %1; clip: true\n%2 }")
-            .arg(size)
-            .arg(items);
+                              "Item { width: %1; height: %1 } }")
+            .arg(size);
     };
     const QString outer = QStringLiteral("UiTooltip { text: 'outer' }");
     row("disabled", tip("enabled: false", "no"), "");
     row("in disabled", in("enabled: false", tip("", "no")), "");
     row("elsewhere", tip("x: 51", "no"), "");
     row("transformed into place", tip("x: 400; transform: Translate { x: -400 }", "yes"), "yes");
-    row("clipped away", clip(40, tip("", "no")), "");
-    row("below a popup", tip("", "no") + popup(60, {}), "");
-    row("beside a popup", tip("", "yes") + popup(40, {}), "yes");
-    row("in a popup, of another agent",
-        tip("", "no")
-            + popup(60, QStringLiteral("UiTooltip { text: 'lost' }\nUiTooltipAgent { %1 }")
-                            .arg(tip("", "elsewhere"))),
-        "");
+    row("clipped away",
+        QStringLiteral("Item { width: 40; height: 40; clip: true\n%1 }").arg(tip("", "no")), "");
+    row("below a popup", tip("", "no") + popup(60), "");
+    row("beside a popup", tip("", "yes") + popup(40), "yes");
     row("of the agent", QStringLiteral("UiTooltip { text: 'yes' }"), "yes");
     row("nested", in("", tip("", "inner") + outer), "inner");
     row("nested below", in("", tip("z: -1", "inner") + outer), "inner");
@@ -228,17 +218,13 @@ void tst_Tooltips::windows()
 void tst_Tooltips::membership()
 {
     AgentScene scene(itemWithTooltip(QStringLiteral("objectName: 'item'"))
-                         + QStringLiteral(
-                             "UiTooltipAgent { objectName: 'inner'; y: 100; width: 50\n"
-                             "height: 50; UiTooltip { text: 'inner' } }"),
+                         + QStringLiteral("UiTooltipAgent { y: 100; width: 50\n"
+                                          "height: 50; UiTooltip { text: 'inner' } }"),
                      QStringLiteral(
                          "Item { objectName: 'outside'; x: 700; width: 50; height: 50 }"));
     TooltipAgent *agent = scene.agent;
-    auto *inner = scene.find<TooltipAgent>("inner");
     scene.restAt(QPoint(20, 120));
     QVERIFY(!agent->tooltipVisible()); // the nearest agent is the one
-    QMetaObject::invokeMethod(inner, "showTooltip");
-    QVERIFY(inner->tooltipVisible());
 
     // Added by hand, and twice: it is there once, and gone after one removal.
     Tooltip tooltip(scene.find("outside"));
