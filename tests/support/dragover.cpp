@@ -5,11 +5,7 @@
 
 namespace ta::test {
 
-namespace {
-
 constexpr Qt::DropActions kActions = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
-
-} // namespace
 
 bool DragOver::enter(const QPoint &position)
 {

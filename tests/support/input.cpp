@@ -6,11 +6,7 @@
 
 namespace ta::test {
 
-namespace {
-
 constexpr int kNotch = 120; // eighths of a degree, as QWheelEvent counts
-
-} // namespace
 
 void press(QWindow *window, const QPoint &position, Qt::MouseButton button)
 {

@@ -34,8 +34,7 @@ bool isNoise(const QString &message)
     static const char *const beginnings[] = {
         "This plugin does not support propagateSizeHints()",
         "QStandardPaths: XDG_RUNTIME_DIR not set",
-        "QXcbConnection: XCB error: 3 (BadWindow)", // a drag tells its window of its end, which is
-                                                    // gone
+        "QXcbConnection: XCB error: 3 (BadWindow)", // a drag's end, told to a window that is gone
     };
     return std::any_of(std::begin(beginnings), std::end(beginnings), [&](const char *beginning) {
         return message.startsWith(QLatin1String(beginning));
