@@ -15,7 +15,9 @@ private Q_SLOTS:
     void oddEditors();
     void circles();
     void replacedEditor();
+    void replacedInTheMiddle();
     void destroyedWithFocus();
+    void longText();
     void handlersThatDestroy();
 };
 
@@ -31,8 +33,10 @@ void tst_EditingItems::oddEditors()
         { "Item { property int text: 5; property string cursorPosition: 'x';"
           "property var acceptableInput: null }",
           "5" },
+        { "Item { readonly property string text: 'its' }", "its" },
         { "Item { property string text }", "kept" },
         { "Item { property string text; function selectAll(x) { text = 'called' } }", "kept" },
+        { "Text { signal selectAll() }", "kept" },
     };
     for (const auto &row : rows) {
         const QString shown = QLatin1String(row.shown);
@@ -60,8 +64,12 @@ void tst_EditingItems::oddEditors()
 void tst_EditingItems::circles()
 {
     Edits scene;
+    scene.edit->setTextInput(nullptr);
+    scene.edit->forceActiveFocus();
+    QCOMPARE(scene.edit->editText(), QString());
     expectWarning(QStringLiteral("cannot be its own editing item"));
     scene.edit->setTextInput(scene.edit);
+    QVERIFY(!scene.edit->textInput());
     auto *other = scene.find<LineEditBase>("other");
     scene.edit->setTextInput(other);
     other->setTextInput(scene.edit);
@@ -81,7 +89,11 @@ void tst_EditingItems::replacedEditor()
     scene.edit->setTextInput(item);
     QCOMPARE(log.take(), names({ "textInputChanged" }));
     QCOMPARE(scene.edit->editText(), QString());
+    QVERIFY(!scene.edit->hasAcceptableInput());
     scene.edit->setText(QStringLiteral("text"));
+    scene.edit->selectAll();
+    QCOMPARE(item->property("name").toString(), QStringLiteral("mine"));
+    QCOMPARE(scene.typed(), QString());
     log.take();
 
     // The old one is on its own now, be its validator or its keys.
@@ -105,12 +117,39 @@ void tst_EditingItems::replacedEditor()
     QCOMPARE(scene.edit->text(), QStringLiteral("new"));
 }
 
+// What was typed in an editing item that is taken away stays there; the next one begins afresh.
+void tst_EditingItems::replacedInTheMiddle()
+{
+    Edits scene;
+    scene.edit->setText(QStringLiteral("old"));
+    scene.edit->forceActiveFocus(Qt::TabFocusReason);
+    scene.type("half");
+    const auto next = scene.create(QStringLiteral("TextInput { text: 'next' }"));
+    auto *item = qobject_cast<QQuickItem *>(next.get());
+    item->setParentItem(scene.edit);
+    scene.edit->setTextInput(item);
+    QCOMPARE(scene.edit->text(), QStringLiteral("old"));
+    item->forceActiveFocus();
+    QCOMPARE(scene.edit->text(), QStringLiteral("old"));
+    QCOMPARE(scene.typed(), QStringLiteral("halfold").left(scene.typed().length()));
+    QTest::keyClick(scene.window(), Qt::Key_Return);
+    QCOMPARE(scene.edit->text(), QStringLiteral("next"));
+    // From within a commit.
+    item->forceActiveFocus();
+    QTest::keyClick(scene.window(), 'x');
+    connect(scene.edit, &LineEditBase::textChanged, [&] { scene.edit->setTextInput(scene.input); });
+    QTest::keyClick(scene.window(), Qt::Key_Return);
+    QCOMPARE(scene.edit->textInput(), scene.input.data());
+    QCOMPARE(scene.typed(), scene.edit->text());
+}
+
 // The focus of an item that is being destroyed goes to the line edit, which must not give it back;
 // and nothing that was looked up on the item's class may be touched any more.
 void tst_EditingItems::destroyedWithFocus()
 {
     for (const char *editor :
-         { "TextInput { property int more: 3; onTextChanged: more = length }", kFake }) {
+         { "TextInput {}", "TextInput { property int more: 3; onTextChanged: more = length }",
+           kFake }) {
         Edits scene;
         auto object = scene.create(QLatin1String(editor));
         auto *item = qobject_cast<QQuickItem *>(object.get());
@@ -130,6 +169,10 @@ void tst_EditingItems::destroyedWithFocus()
         QCOMPARE(scene.edit->text(), QStringLiteral("kept"));
         QCOMPARE(scene.edit->editText(), QString());
         QVERIFY(!scene.edit->hasAcceptableInput());
+        scene.edit->selectAll();
+        scene.edit->setText(QStringLiteral("new"));
+        scene.find("other")->forceActiveFocus();
+        scene.edit->forceActiveFocus();
         scene.edit->setTextInput(scene.input);
         scene.input->forceActiveFocus();
         scene.type("more");
@@ -137,6 +180,20 @@ void tst_EditingItems::destroyedWithFocus()
         delete scene.edit.data(); // and its editing item with it, focused
         QTest::keyClick(scene.window(), 'x');
     }
+}
+
+void tst_EditingItems::longText()
+{
+    Edits scene;
+    const QString text(1000000, QLatin1Char('w'));
+    scene.input->setVisible(false); // laying it out is Qt's own affair
+    scene.input->setProperty("maximumLength", text.length());
+    scene.edit->setText(text);
+    QCOMPARE(scene.edit->editText().length(), text.length());
+    QMetaObject::invokeMethod(scene.edit, "selectAll");
+    scene.edit->forceActiveFocus();
+    scene.edit->setFocus(false);
+    QCOMPARE(scene.edit->text(), text);
 }
 
 // Each signal, on every way that leads to it, may end the line edit, its editing item or both.

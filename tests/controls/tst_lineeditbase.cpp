@@ -3,6 +3,8 @@
 #include "support/signallog.h"
 #include "support/testcase.h"
 
+#include <QtGui/QCursor>
+
 using namespace ta::ui;
 using namespace ta::test;
 
@@ -17,6 +19,7 @@ private Q_SLOTS:
     void focusReasons();
     void writtenText();
     void composedText();
+    void undoAfterRevert();
     void validator();
     void hoverAndDisabling();
 };
@@ -61,6 +64,11 @@ void tst_LineEditBase::typing()
     QCOMPARE(scene.selected(), QString());
     QVERIFY(scene.cursor() > 0);
     QCOMPARE(log.take(), QStringList());
+    scene.edit->selectAll();
+    QTest::keyClick(scene.window(), Qt::Key_Delete);
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QCOMPARE(log.take(), names({ "textChanged", "emptyChanged" }));
+    QVERIFY(scene.edit->isEmpty());
 }
 
 void tst_LineEditBase::keysThatEnd()
@@ -73,6 +81,7 @@ void tst_LineEditBase::keysThatEnd()
         QStringList signalNames;
     } rows[] = {
         { Qt::Key_Return, "oldnew", returned },
+        { Qt::Key_Enter, "oldnew", returned },
         { Qt::Key_Escape, "old", {} },
     };
     for (const auto &row : rows) {
@@ -120,6 +129,12 @@ void tst_LineEditBase::bindable()
                                     : names({ "updateRequested", "editingFinished" }));
     }
     QCOMPARE(shown, names({ "a|a", "b|b" }));
+    // Also what did not change is requested; Escape requests what is there.
+    scene.edit->forceActiveFocus();
+    scene.type("x");
+    QTest::keyClick(scene.window(), Qt::Key_Escape);
+    QCOMPARE(log.take(), names({ "updateRequested", "editingFinished" }));
+    QCOMPARE(shown.last(), QStringLiteral("B|B"));
 }
 
 // Selects, or leaves the cursor where a press has put it.
@@ -133,6 +148,7 @@ void tst_LineEditBase::focusReasons()
     } rows[] = {
         { Qt::MouseFocusReason, 0, 0 },   { Qt::TabFocusReason, 2, 1 },
         { Qt::BacktabFocusReason, 2, 1 }, { Qt::ActiveWindowFocusReason, 1, 0 },
+        { Qt::PopupFocusReason, 1, 0 },   { Qt::ShortcutFocusReason, 1, 0 },
         { Qt::OtherFocusReason, 1, 0 },
     };
     for (const auto &row : rows) {
@@ -169,9 +185,17 @@ void tst_LineEditBase::writtenText()
     editor->forceActiveFocus();
     editor->setProperty("cursorPosition", 3);
     editor->setProperty("text", QStringLiteral("typing"));
+    scene.edit->setText(QStringLiteral("one")); // no change
+    QCOMPARE(scene.edit->editText(), QStringLiteral("typing"));
     scene.edit->setText(QStringLiteral("two"));
     QCOMPARE(scene.edit->editText(), QStringLiteral("two"));
     QCOMPARE(editor->property("cursorPosition").toInt(), 3);
+
+    // A handler that writes has the last word, in the editing item as well.
+    on(scene.edit, QStringLiteral("textChanged"), [&] { scene.edit->setText(QString()); });
+    scene.edit->setText(QStringLiteral("three"));
+    QCOMPARE(scene.edit->editText(), QString());
+    QVERIFY(scene.edit->isEmpty());
 }
 
 // Text that is being composed is no text yet. Where the editing item makes it one, it is committed.
@@ -194,6 +218,28 @@ void tst_LineEditBase::composedText()
     scene.edit->forceActiveFocus();
     QTest::keyClick(scene.window(), Qt::Key_Tab);
     QVERIFY(scene.edit->text().contains(QLatin1Char('!')));
+
+    // A host that writes meanwhile replaces the whole of it.
+    scene.edit->forceActiveFocus();
+    compose(scene.input, kana, QString());
+    scene.edit->setText(QStringLiteral("written"));
+    QCOMPARE(scene.edit->editText(), QStringLiteral("written"));
+    QCOMPARE(scene.input->property("preeditText").toString(), QString());
+}
+
+void tst_LineEditBase::undoAfterRevert()
+{
+    Edits scene;
+    scene.edit->setText(QStringLiteral("old"));
+    scene.edit->forceActiveFocus();
+    QTest::keyClick(scene.window(), Qt::Key_End);
+    scene.type("er");
+    QTest::keyClick(scene.window(), Qt::Key_Escape);
+    scene.edit->forceActiveFocus();
+    QTest::keySequence(scene.window(), QKeySequence::Undo);
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QCOMPARE(scene.edit->text(), QStringLiteral("old"));
+    QCOMPARE(scene.typed(), QStringLiteral("old"));
 }
 
 // What a validator refuses is never typed; what is not finished is committed and marked.
@@ -216,12 +262,16 @@ void tst_LineEditBase::validator()
     QTest::keyClick(scene.window(), Qt::Key_Return);
     QCOMPARE(scene.edit->text(), QStringLiteral("4"));
     QVERIFY(!scene.edit->hasAcceptableInput());
+    scene.edit->setText(QStringLiteral("word")); // by the host, whom no validator binds
+    QCOMPARE(scene.edit->editText(), QStringLiteral("word"));
+    QVERIFY(!scene.edit->hasAcceptableInput());
     scene.input->setProperty("validator", QVariant::fromValue<QObject *>(nullptr));
 }
 
 void tst_LineEditBase::hoverAndDisabling()
 {
     Edits scene;
+    QCOMPARE(scene.edit->cursor().shape(), Qt::IBeamCursor);
     SignalLog log;
     log.watch(scene.edit, names({ "hoveredChanged" }));
     for (bool disables : { false, true }) {
@@ -232,7 +282,9 @@ void tst_LineEditBase::hoverAndDisabling()
         QVERIFY(!scene.edit->hovered());
         QCOMPARE(log.take(), names({ "hoveredChanged", "hoveredChanged" }));
     }
+    QCOMPARE(scene.edit->cursor().shape(), Qt::ArrowCursor);
     scene.root()->setEnabled(true);
+    QCOMPARE(scene.edit->cursor().shape(), Qt::IBeamCursor);
 
     // Disabled while it is edited: what was typed is committed with the focus.
     scene.edit->forceActiveFocus();
@@ -240,6 +292,11 @@ void tst_LineEditBase::hoverAndDisabling()
     scene.edit->setEnabled(false);
     QVERIFY(!scene.input->hasActiveFocus());
     QCOMPARE(scene.edit->text(), QStringLiteral("typed"));
+
+    // A child of something disabled becomes enabled once more in the middle of its destruction.
+    scene.edit->setEnabled(true);
+    scene.root()->setEnabled(false);
+    delete scene.edit;
 }
 
 TAMBER_TEST_MAIN(tst_LineEditBase)

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void requests_data();
     void requests();
     void animation();
+    void handlersOfTheLastStep();
     void requestsDuringAnAnimation();
     void otherContent();
     void contentThatShrinks();
@@ -116,9 +117,11 @@ void tst_VerticalScrollView::geometry()
     QVERIFY(settled(0.25, QSizeF(301, 1000), 294));
     delete scene.content;
     QTRY_COMPARE(scene.view->heightRatio(), 1.0);
+    scene.view->setClipViewport(false);
+    QVERIFY(!scene.view->childItems().constFirst()->clip());
     QCOMPARE(log.take(), names({ "scrollbarOffsetChanged", "scrollbarOverlapsContentChanged",
                                  "heightRatioChanged", "heightRatioChanged", "heightRatioChanged",
-                                 "heightRatioChanged" }));
+                                 "heightRatioChanged", "clipViewportChanged" }));
 }
 
 void tst_VerticalScrollView::contentThatFollowsItsSize()
@@ -128,6 +131,8 @@ void tst_VerticalScrollView::contentThatFollowsItsSize()
         const char *content;
         double height;
     } rows[] = {
+        { "Item { implicitHeight: 60000 / width }", 60000 / 283.0 },
+        { "Item { implicitHeight: width * 0.7 }", 200 }, // fits only beside the bar
         { "Column { Item { width: parent.width; height: width * 0.7 } }", 200 }, // a frame later
         { "Item { implicitHeight: height + 1 }", -1 }, // never enough
     };
@@ -152,6 +157,7 @@ void tst_VerticalScrollView::badInput()
         QObject object;
         scene.view->setContentItem(&object);
         scene.view->setContentItem(nullptr);
+        scene.view->setContentItem(scene.content);
         scene.view->setContentItem(scene.root());
         scene.view->setContentItem(scene.view);
         QCOMPARE(scene.view->contentItem(), scene.content);
@@ -163,11 +169,18 @@ void tst_VerticalScrollView::badInput()
         scene.view->setScrollPosition(kNaN, true);
         scene.view->scrollTo(kNaN);
         scene.view->ensureVisible(nullptr);
+        scene.view->ensureVisible(scene.root());
         QCOMPARE(scene.view->scrollPosition(), top + 800);
         QVERIFY(!isAnimating(scene.view));
+        scene.view->scrollTo(-kInf, true);
+        QCOMPARE(scene.view->scrollPosition(), top);
+        scene.view->setSize(QSizeF(-10, -20));
+        QVERIFY(scene.waitForFrame());
         delete scene.content;
         scene.view->setScrollPosition(7);
+        scene.view->scrollTo(0.5);
         scene.view->scrollTo(scene.root());
+        QCOMPARE(scene.view->normalizedScrollPosition(), 0.0);
         QVERIFY(!isAnimating(scene.view));
     }
 }
@@ -184,16 +197,20 @@ void tst_VerticalScrollView::requests_data()
     };
     row("Home", "", Qt::Key_Home, 0, -100);
     row("End", "", Qt::Key_End, 800, 700);
+    row("Page Up", "", Qt::Key_PageUp, 100, 0);
     row("Page Down", "", Qt::Key_PageDown, 500, 400);
     row("Down", "", Qt::Key_Down, 300, 200);
     row("wheel", "", 0, 360, 260);
     row("property", "view.scrollPosition = 123.5", 0, 123.5, 123.5);
     // Parts of the range count from 0, wherever the content begins.
     row("part", "view.normalizedScrollPosition = 0.25", 0, 200, 200);
+    row("to a part", "view.scrollTo(0.5, true)", 0, 400, 400);
+    row("to the first", "view.scrollTo(0)", 0, 0, 0);
     row("to the last", "view.scrollTo(1)", 0, 800, 700);
     row("visible", "view.ensureVisible(item)", 0, 300, 290);
     row("to an item", "view.scrollTo(item, UiVerticalScrollView.Top)", 0, 450, 450);
     row("its middle", "view.scrollTo(item, UiVerticalScrollView.Center, true)", 0, 370, 370);
+    row("its end", "view.scrollTo(item, UiVerticalScrollView.Bottom)", 0, 290, 290);
 }
 
 void tst_VerticalScrollView::requests()
@@ -236,10 +253,31 @@ void tst_VerticalScrollView::animation()
     QCOMPARE(shown.takeLast(), 400.5);
     for (double position : qAsConst(shown))
         QCOMPARE(position, std::floor(position));
+    scene.view->setScrollPosition(400.5);
+    QVERIFY(!isAnimating(scene.view));
     scene.view->setScrollPosition(100);
     scene.view->setScrollPosition(50, true);
     QCOMPARE(scene.content->y(), -50.0);
     QVERIFY(!isAnimating(scene.view));
+}
+
+// The last signal tells of the end, and what its handler asks for is not lost. Nothing runs then.
+void tst_VerticalScrollView::handlersOfTheLastStep()
+{
+    for (const QString &body : { plain(), flickable() }) {
+        ViewScene scene(body);
+        const double top = scene.view->scrollPosition();
+        bool again = true;
+        on(scene.view, QStringLiteral("scrollPositionChanged"), [&] {
+            if (!again || scene.view->scrollPosition() != top + 100.25 || isAnimating(scene.view))
+                return;
+            again = false;
+            scene.view->setScrollPosition(kInf);
+        });
+        scene.view->setScrollPosition(top + 100.25);
+        QTRY_VERIFY(!again && scene.view->scrollPosition() == top + 800
+                    && !isAnimating(scene.view));
+    }
 }
 
 // The wheel adds to the target, Page Down to what is shown.
@@ -269,7 +307,9 @@ void tst_VerticalScrollView::requestsDuringAnAnimation()
 // Each content keeps its place, and has no say any more once there is another one.
 void tst_VerticalScrollView::otherContent()
 {
-    ViewScene scene(plain() + QStringLiteral("Item { objectName: 'other'; implicitHeight: 500 }"));
+    ViewScene scene(plain()
+                    + QStringLiteral("Item { objectName: 'other'; implicitHeight: 500 }\n"
+                                     "Flickable { objectName: 'flick'; contentHeight: 600 }"));
     scene.view->setScrollPosition(300, true);
     scene.view->setScrollPosition(400);
     SignalLog log;
@@ -281,6 +321,12 @@ void tst_VerticalScrollView::otherContent()
     QCOMPARE(log.take(),
              names({ "contentItemChanged", "scrollPositionChanged", "heightRatioChanged" }));
     QCOMPARE(scene.content->parentItem(), other->parentItem());
+    scene.content->setImplicitHeight(2000);
+    auto *flick = scene.find("flick");
+    scene.view->setContentItem(flick);
+    QTRY_COMPARE(flick->size(), QSizeF(283, 200));
+    QVERIFY(!flick->property("interactive").toBool());
+    QCOMPARE(log.take(), names({ "contentItemChanged", "heightRatioChanged" }));
     scene.view->setContentItem(scene.content);
     QCOMPARE(scene.view->scrollPosition(), 300.0);
 }
@@ -297,6 +343,12 @@ void tst_VerticalScrollView::contentThatShrinks()
         scene.root()->setProperty("rows", 10);
         QTRY_COMPARE(scene.view->heightRatio(), 0.4);
         QTRY_COMPARE(scene.view->scrollPosition(), 300.0);
+        scene.view->setScrollPosition(0); // and while it goes somewhere else
+        scene.view->setScrollPosition(300);
+        scene.root()->setProperty("rows", 2);
+        QTRY_COMPARE(scene.view->heightRatio(), 1.0);
+        QTRY_COMPARE(scene.view->scrollPosition(), 0.0);
+        QTRY_VERIFY(!isAnimating(scene.view));
     }
 }
 
@@ -312,23 +364,56 @@ void tst_VerticalScrollView::flickableThatMovesItsEnds()
     QTRY_COMPARE(scene.view->scrollPosition(), -300.0);
     QTRY_VERIFY(!isAnimating(scene.view));
     QCOMPARE(scene.view->normalizedScrollPosition(), 0.0);
+
+    SignalLog log;
+    log.watch(scene.view);
+    scene.content->setProperty("originY", -500);
+    QCOMPARE(log.take(), names({ "scrollPositionChanged" }));
+    QCOMPARE(scene.view->normalizedScrollPosition(), 200.0 / 600);
+
+    // Whoever moves it once it is there has it.
+    on(scene.content, QStringLiteral("contentYChanged"), [&] {
+        if (scene.content->property("contentY") == -500)
+            scene.content->setProperty("contentY", 77);
+    });
+    QTest::keyClick(scene.window(), Qt::Key_Home);
+    QTRY_COMPARE(scene.view->scrollPosition(), 77.0);
+    scene.content->setProperty("contentHeight", 900);
+    QTRY_COMPARE(scene.view->heightRatio(), 200.0 / 900);
+    QCOMPARE(scene.view->scrollPosition(), 77.0);
+    QVERIFY(!isAnimating(scene.view));
 }
 
 // Rows come to be as they come into view; where they differ, a list only guesses where it ends.
 void tst_VerticalScrollView::lists()
 {
+    ViewScene even(viewWith(
+        QStringLiteral("ListView { objectName: 'content'; model: 100\n"
+                       "delegate: Item { objectName: 'row' + index; width: 10; height: 40 } }")));
+    QTRY_COMPARE(even.view->heightRatio(), 0.05);
+    even.view->ensureVisible(even.find("row5"));
+    QTRY_COMPARE(even.view->scrollPosition(), 40.0);
+    even.view->scrollTo(even.find("row5"), View::Top, true);
+    QCOMPARE(even.view->scrollPosition(), 200.0);
+    even.view->setScrollPosition(2000, true);
+    QVERIFY(even.waitForFrame());
+    even.view->scrollTo(even.find("row52"), View::Bottom, true);
+    QCOMPARE(even.view->scrollPosition(), 53 * 40.0 - 200);
+
     ViewScene uneven(viewWith(
         QStringLiteral("ListView { objectName: 'content'; model: 1000\n"
                        "delegate: Item { height: 20 + index % 50 + (index < 500 ? 30 : 0) } }")));
     const auto restsAt = [&](const char *end) {
         return uneven.content->property(end).toBool() && !isAnimating(uneven.view);
     };
-    QTest::keyClick(uneven.window(), Qt::Key_End);
-    QTRY_VERIFY(restsAt("atYEnd"));
-    QCOMPARE(uneven.view->normalizedScrollPosition(), 1.0);
-    QTest::keyClick(uneven.window(), Qt::Key_Home);
-    QTRY_VERIFY(restsAt("atYBeginning"));
-    QCOMPARE(uneven.view->normalizedScrollPosition(), 0.0);
+    for (int round = 0; round < 2; ++round) {
+        QTest::keyClick(uneven.window(), Qt::Key_End);
+        QTRY_VERIFY(restsAt("atYEnd"));
+        QCOMPARE(uneven.view->normalizedScrollPosition(), 1.0);
+        QTest::keyClick(uneven.window(), Qt::Key_Home);
+        QTRY_VERIFY(restsAt("atYBeginning"));
+        QCOMPARE(uneven.view->normalizedScrollPosition(), 0.0);
+    }
 }
 
 // A press on the bar goes there; the handle is dragged by the point where it was grabbed, from the
@@ -354,6 +439,10 @@ void tst_VerticalScrollView::bar()
         move(scene.window(), QPoint(20, 100 + 80)); // far beside it
         QCOMPARE(handle->y(), 50.0);
         release(scene.window(), QPoint(20, 20));
+
+        scene.content->setProperty(top < 0 ? "contentHeight" : "implicitHeight", 10000);
+        QTRY_COMPARE(handle->height(), 20.0);
+        QCOMPARE(handle->y(), scene.view->normalizedScrollPosition() * 180);
     }
 }
 

@@ -4,9 +4,12 @@
 #include "support/testcase.h"
 
 #include <TamberUi/PopupAnchor>
+#include <TamberUi/PopupStack>
 #include <TamberUi/VerticalScrollView>
 
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QTimer>
+#include <QtQml/QQmlComponent>
 
 #include <utility>
 
@@ -21,7 +24,7 @@ class tst_VerticalScrollViewDrag : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { Scene::useKit(); }
+    void withoutBar(); // first: the kit must not be known yet
     void accelerates();
     void ends();
     void popups();
@@ -48,6 +51,26 @@ bool scrollsByItself(const View *view)
 }
 
 } // namespace
+
+void tst_VerticalScrollViewDrag::withoutBar()
+{
+    qmlRegisterType<View>("tests.Views", 1, 0, "View");
+    QQmlEngine engine;
+    engine.setImportPathList({ QLibraryInfo::location(QLibraryInfo::Qml2ImportsPath) });
+    QQmlComponent component(&engine);
+    component
+        .setData("import QtQuick 2.15; import tests.Views 1.0; View { width: 100; height: 100\n"
+                 "Item { height: 1000 } }",
+                 QUrl());
+    expectWarning(QStringLiteral("^Cannot create a scroll bar: .*tamber.Ui"));
+    const std::unique_ptr<QObject> object(component.create());
+    auto *view = qobject_cast<View *>(object.get());
+    QVERIFY(view);
+    view->setScrollPosition(200, true);
+    QCOMPARE(view->contentItem()->y(), -200.0);
+    QCOMPARE(view->childItems().count(), 1);
+    Scene::useKit();
+}
 
 // Of what is shown at each tick. What was reached is kept while a drag goes on, wherever it goes,
 // and gone with it.
@@ -81,6 +104,9 @@ void tst_VerticalScrollViewDrag::accelerates()
         QVERIFY(!scrollsByItself(view));
         QTRY_VERIFY(qFuzzyCompare(view->scrollPosition() - before, step.distance));
     }
+    drag.move(kNearBottom);
+    const double before = view->scrollPosition();
+    QTRY_VERIFY(view->scrollPosition() > before + 500);
 }
 
 void tst_VerticalScrollViewDrag::ends()
@@ -136,6 +162,12 @@ void tst_VerticalScrollViewDrag::popups()
     drag.move(kNearBottom);
     QVERIFY(scrollsByItself(view) && !scrollsByItself(inner));
     anchor->hide();
+
+    QObject noPopup;
+    PopupStack::push(&noPopup);
+    drag.move(kNearBottom);
+    QVERIFY(scrollsByItself(view));
+    PopupStack::pop(&noPopup);
 }
 
 // Only the drags of the window that it is in, be it from the beginning.
@@ -169,7 +201,8 @@ void tst_VerticalScrollViewDrag::handlersThatDestroy_data()
     const QVector<std::pair<const char *, QStringList>> rows = {
         { plain, names({ "widthChanged", "yChanged", "contentItemChanged", "heightRatioChanged",
                          "scrollPositionChanged" }) },
-        { flickable, names({ "heightChanged", "contentYChanged" }) },
+        { flickable,
+          names({ "heightChanged", "widthChanged", "contentYChanged", "interactiveChanged" }) },
     };
     for (const auto &row : rows) {
         for (const QString &signal : row.second) {

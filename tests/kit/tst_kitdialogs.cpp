@@ -1,12 +1,17 @@
+#include "support/input.h"
 #include "support/scene.h"
+#include "support/signallog.h"
 #include "support/testcase.h"
 
 #include <TamberUi/Dialog>
 #include <TamberUi/PopupStack>
 
 #include <QtCore/QLocale>
+#include <QtCore/QThread>
 #include <QtCore/QTranslator>
 #include <QtGui/QAccessible>
+
+#include <memory>
 
 using namespace ta::ui;
 using namespace ta::test;
@@ -21,7 +26,10 @@ private Q_SLOTS:
     void captions_data();
     void captions();
     void hostsCatalogueWins();
+    void captionsOnAnotherThread();
+    void messageBox_data();
     void messageBox();
+    void messageBoxAnswers();
 };
 
 namespace {
@@ -90,7 +98,9 @@ void tst_KitDialogs::captions_data()
                                              QStringLiteral("Schlie\u00dfen"),
                                              QStringLiteral("Zur\u00fcck"),
                                              QStringLiteral("Weiter") };
+    QTest::newRow("English") << QStringLiteral("en_GB") << english;
     QTest::newRow("no catalogue") << QStringLiteral("fi_FI") << english;
+    QTest::newRow("C") << QStringLiteral("C") << english;
 }
 
 // The kit looks at the locale once in a process, so each locale gets a process of its own.
@@ -123,36 +133,80 @@ void tst_KitDialogs::hostsCatalogueWins()
     QCoreApplication::installTranslator(s_early);
     QCOMPARE(caption(), QStringLiteral("Never mind"));
     QCOMPARE(captionsInQml(scene).at(5), QStringLiteral("Schlie\u00dfen"));
+    // Other texts are none of the kit's business.
+    QCOMPARE(QCoreApplication::translate("Host", "37ae"), QStringLiteral("37ae"));
+    QCOMPARE(qtTrId("0000000000000000"), QStringLiteral("0000000000000000"));
+}
+
+void tst_KitDialogs::captionsOnAnotherThread()
+{
+    QString caption;
+    const std::unique_ptr<QThread> thread(
+        QThread::create([&] { caption = qtTrId("28c3843d05fb11e9"); }));
+    thread->start();
+    QVERIFY(thread->wait());
+    QCOMPARE(caption, QStringLiteral("Schlie\u00dfen"));
+}
+
+void tst_KitDialogs::messageBox_data()
+{
+    QTest::addColumn<QString>("icon");
+    QTest::addColumn<QString>("iconName");
+    QTest::newRow("none") << QStringLiteral("No") << QString();
+    QTest::newRow("ok") << QStringLiteral("Ok") << QStringLiteral("ok");
+    QTest::newRow("warning") << QStringLiteral("Warning") << QStringLiteral("warning");
+    QTest::newRow("error") << QStringLiteral("Error") << QStringLiteral("error");
 }
 
 // The text wraps, keeps its distance from the icon, and the dialog is as large as that takes.
 void tst_KitDialogs::messageBox()
 {
-    for (const char *icon : { "No", "Warning" }) {
-        const QString iconName = qstrcmp(icon, "No") == 0 ? QString() : QStringLiteral("warning");
-        Scene scene(
-            QStringLiteral("UiMessageBox { objectName: 'box'; label: 'Title'; text: 'Short'\n"
-                           "icon: Ui.MessageBox%1Icon }")
-                .arg(QLatin1String(icon)));
-        auto *box = scene.find<Dialog>("box");
+    QFETCH(QString, icon);
+    QFETCH(QString, iconName);
+    Scene scene(QStringLiteral("UiMessageBox { objectName: 'box'; label: 'Title'; text: 'Short'\n"
+                               "icon: Ui.MessageBox%1Icon }")
+                    .arg(icon));
+    auto *box = scene.find<Dialog>("box");
+    box->show();
+    QQuickItem *content = box->content();
+    const QQuickItem *picture = content->childItems().at(0);
+    const QQuickItem *text = content->childItems().at(1);
+    QCOMPARE(picture->property("iconName").toString(), iconName);
+    QCOMPARE(picture->isVisible(), !iconName.isEmpty());
+    QCOMPARE(content->size(), QSizeF(320, iconName.isEmpty() ? 48 + text->height() : 80));
+    QVERIFY(qAbs(text->y() + text->height() / 2 - content->height() / 2) <= 0.5);
+    QCOMPARE(text->x(), iconName.isEmpty() ? 15.0 : 60.0);
+    box->setProperty("text", QStringLiteral("word ").repeated(60));
+    QCOMPARE(text->width(), 400.0);
+    QCOMPARE(content->width(), text->x() + 415);
+    QCOMPARE(content->height(), text->height() + 48);
+    QVERIFY(text->height() > 60);
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(content);
+    QVERIFY(accessible);
+    QCOMPARE(accessible->role(), QAccessible::AlertMessage);
+    QCOMPARE(accessible->text(QAccessible::Name), box->property("text").toString());
+    box->reject();
+}
+
+void tst_KitDialogs::messageBoxAnswers()
+{
+    Scene scene(
+        QStringLiteral("UiMessageBox { objectName: 'told' }\n"
+                       "UiMessageBox { objectName: 'asked'; result: 'yes'; defaultButton: no\n"
+                       "buttons: [ UiDialogButton { id: no; role: UiDialogButton.CancelRole },\n"
+                       "UiDialogButton { role: UiDialogButton.AcceptRole } ] }"));
+    SignalLog log;
+    for (const char *name : { "told", "asked" }) {
+        auto *box = scene.find<Dialog>(name);
+        QQmlListProperty<DialogButton> list = box->buttons();
+        QCOMPARE(list.count(&list), qstrcmp(name, "told") == 0 ? 1 : 2);
+        log.watch(box, ta::test::names({ "accepted", "rejected" }));
         box->show();
-        QQuickItem *content = box->content();
-        const QQuickItem *picture = content->childItems().at(0);
-        const QQuickItem *text = content->childItems().at(1);
-        QCOMPARE(picture->property("iconName").toString(), iconName);
-        QCOMPARE(picture->isVisible(), !iconName.isEmpty());
-        QCOMPARE(content->size(), QSizeF(320, iconName.isEmpty() ? 48 + text->height() : 80));
-        QCOMPARE(text->x(), iconName.isEmpty() ? 15.0 : 60.0);
-        box->setProperty("text", QStringLiteral("word ").repeated(60));
-        QCOMPARE(text->width(), 400.0);
-        QCOMPARE(content->width(), text->x() + 415);
-        QCOMPARE(content->height(), text->height() + 48);
-        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(content);
-        QVERIFY(accessible);
-        QCOMPARE(accessible->role(), QAccessible::AlertMessage);
-        QCOMPARE(accessible->text(QAccessible::Name), box->property("text").toString());
-        box->reject();
+        QTest::keyClick(scene.window(),
+                        Qt::Key_Return); // on the default button, where there is one
+        QVERIFY(!box->rootItem());
     }
+    QCOMPARE(log.take(), ta::test::names({ "accepted", "rejected" }));
 }
 
 // With --captions LOCALE the program prints the captions instead, one a line.

@@ -39,8 +39,11 @@ void tst_Eyedropper::events()
     const auto mouse = [](QEvent::Type type, Qt::MouseButton button, QPointF at = { 50.4, 20 }) {
         return std::make_shared<QMouseEvent>(type, at, button, button, Qt::NoModifier);
     };
-    const auto key = [](Qt::Key code) {
-        return std::make_shared<QKeyEvent>(QEvent::KeyPress, code, Qt::NoModifier);
+    const auto key = [](QEvent::Type type, Qt::Key code) {
+        return std::make_shared<QKeyEvent>(type, code, Qt::NoModifier);
+    };
+    const auto hover = [](QEvent::Type type) {
+        return std::make_shared<QHoverEvent>(type, QPointF(1, 1), QPointF());
     };
     const auto plain = [](QEvent::Type type) { return std::make_shared<QEvent>(type); };
     const auto wheel = std::make_shared<QWheelEvent>(QPointF(), QPointF(), QPoint(), QPoint(0, 120),
@@ -56,12 +59,17 @@ void tst_Eyedropper::events()
         { mouse(QEvent::MouseButtonPress, Qt::LeftButton), true, names({ "colorPicked" }), false },
         { mouse(QEvent::MouseButtonPress, Qt::LeftButton, { -3, 5 }), true },
         { mouse(QEvent::MouseButtonPress, Qt::RightButton), true },
+        { mouse(QEvent::MouseButtonRelease, Qt::LeftButton), true },
+        { mouse(QEvent::MouseButtonDblClick, Qt::LeftButton), true },
         { mouse(QEvent::MouseMove, Qt::NoButton), true, names({ "previewColorChanged" }) },
-        { key(Qt::Key_Escape), true, names({ "aborted" }), false },
-        { key(Qt::Key_Return), true },
+        { key(QEvent::KeyPress, Qt::Key_Escape), true, names({ "aborted" }), false },
+        { key(QEvent::KeyPress, Qt::Key_Return), true },
+        { key(QEvent::KeyRelease, Qt::Key_Escape), true },
         { wheel, true },
-        { std::make_shared<QHoverEvent>(QEvent::HoverEnter, QPointF(1, 1), QPointF()), true },
+        { hover(QEvent::HoverEnter), true },
+        { hover(QEvent::HoverLeave), true },
         { plain(QEvent::Leave), false, names({ "previewColorChanged" }) },
+        { std::make_shared<QResizeEvent>(QSize(), QSize()), false },
         { plain(QEvent::Close), false, names({ "aborted" }), false },
         { plain(QEvent::Hide), false, names({ "aborted" }), false },
         { plain(QEvent::User), false },
@@ -71,19 +79,29 @@ void tst_Eyedropper::events()
         const QByteArray name = QByteArray::number(row.event->type());
         ColorPickerCanvas canvas(scene.window());
         QVERIFY(isPicking());
+        QCOMPARE(canvas.z(), 65535.0);
+        QCOMPARE(canvas.parentItem(), scene.window()->contentItem());
         SignalLog log;
         log.watch(&canvas, names({ "colorPicked", "aborted", "previewColorChanged" }));
         const auto seen = seenBy(&canvas);
+        QColor picked;
+        connect(&canvas, &ColorPickerCanvas::colorPicked, &canvas,
+                [&picked](const QColor &color) { picked = color; });
         QCoreApplication::processEvents(); // the snapshot; what the real pointer does counts, too
         log.take();
 
         QVERIFY2(canvas.eventFilter(scene.window(), row.event.get()) == row.consumed, name);
         QVERIFY2(log.take() == row.told, name);
         QVERIFY2(isPicking() == row.goesOn, name);
+        if (row.told.contains(QStringLiteral("colorPicked")))
+            QCOMPARE(picked, kLeft);
         if (row.told.contains(QStringLiteral("previewColorChanged"))) {
             const bool leaves = row.event->type() == QEvent::Leave;
             QCOMPARE(*seen, leaves ? QColor(Qt::transparent) : kLeft);
         }
+        // A second Escape ends what goes on, and comes too late for what does not.
+        QTest::keyClick(scene.window(), Qt::Key_Escape);
+        QCOMPARE(log.count(QStringLiteral("aborted")), row.goesOn ? 1 : 0);
     }
 }
 
@@ -100,6 +118,7 @@ void tst_Eyedropper::pick()
         QCOMPARE(log.take(), names({ "colorPickActiveChanged" }));
 
         // The circle follows the pointer with the colour below it, and goes with the pointer.
+        QCOMPARE(canvas->childItems().count(), 1);
         QQuickItem *preview = canvas->childItems().first();
         QCOMPARE(preview->size(), QSizeF(30, 30));
         QVERIFY(!preview->isVisible());
@@ -111,12 +130,17 @@ void tst_Eyedropper::pick()
         QCoreApplication::sendEvent(scene.window(), &leave);
         QVERIFY(!preview->isVisible());
 
+        // Other buttons and keys go nowhere; nothing below notices any of it.
         const int before = scene.presses();
+        click(scene.window(), QPoint(300, 120), Qt::RightButton);
+        QTest::keyClick(scene.window(), Qt::Key_Return);
+        QVERIFY(picker->colorPickActive());
         press(scene.window(), bindable ? QPoint(20, 10) : QPoint(300, 120));
         QCOMPARE(scene.presses(), before);
         QCOMPARE(log.take(), names({ bindable ? "updateRequested" : "colorChanged",
                                      "colorPickActiveChanged" }));
         QCOMPARE(picker->color(), kRight);
+        QVERIFY(!picker->colorPickActive() && !isPicking() && !canvasOf(scene.window()));
         QTRY_VERIFY(!canvas);
         release(scene.window(), QPoint(300, 120));
         click(scene.window(), QPoint(300, 120));
@@ -127,6 +151,7 @@ void tst_Eyedropper::pick()
     scene.pick();
     QTest::keyClick(scene.window(), Qt::Key_Escape);
     QCOMPARE(log.take(), names({ "colorPickActiveChanged", "colorPickActiveChanged" }));
+    QCOMPARE(picker->color(), kRight);
     QCOMPARE(scene.presses(), before);
     QTest::keyClick(scene.window(), Qt::Key_Escape);
     QCOMPARE(scene.presses(), before + 1);
@@ -147,6 +172,7 @@ void tst_Eyedropper::snapshotWithoutPreview()
     const QPoint pixel = underPreview * scene.window()->effectiveDevicePixelRatio();
     QCOMPARE(scene.window()->grabWindow().pixelColor(pixel), kLeft); // it is there to be seen
     QVERIFY(QMetaObject::invokeMethod(&canvas, "updateRender"));
+    QVERIFY(canvas.childItems().first()->isVisible());
     move(scene.window(), underPreview);
     QCOMPARE(*seen, kRight);
 }
@@ -188,13 +214,16 @@ void tst_Eyedropper::outside()
     other.window()->setPosition(place);
     QTRY_COMPARE(other.window()->position(), place);
     const auto seen = seenBy(scene.pick());
-    move(other.window(), QPoint(20, 30));
-    QCOMPARE(*seen, QColor(Qt::transparent));
-    click(other.window(), QPoint(20, 30));
-    QVERIFY(scene.picker()->colorPickActive());
+    for (const QPoint &position : { QPoint(20, 30), QPoint(200, 100) }) {
+        move(other.window(), position);
+        QCOMPARE(*seen, QColor(Qt::transparent));
+        click(other.window(), position);
+        QVERIFY(scene.picker()->colorPickActive());
+    }
     // Where the two windows overlap in coordinates, the place on the screen counts.
     click(other.window(), other.window()->mapFromGlobal(scene.window()->mapToGlobal({ 300, 20 })));
     QCOMPARE(scene.picker()->color(), kRight);
+    QVERIFY(!scene.picker()->colorPickActive());
 }
 
 void tst_Eyedropper::withoutEngineOrWindow()
@@ -210,6 +239,10 @@ void tst_Eyedropper::withoutEngineOrWindow()
     press(&window, QPoint(10, 10)); // before the first snapshot
     QCOMPARE(picker.color(), QColor(Qt::green));
     QVERIFY(!picker.colorPickActive());
+    picker.pickColor();
+    move(&window, QPoint(30, 30));
+    press(&window, QPoint(30, 30));
+    QVERIFY(!picker.colorPickActive());
 
     expectWarning(QStringLiteral("^Cannot pick a color for a picker that is in no window$"));
     picker.setParentItem(nullptr);
@@ -219,25 +252,34 @@ void tst_Eyedropper::withoutEngineOrWindow()
 }
 
 // A second call ends the running pick and starts the next one; so does a handler of the first one's
-// end.
+// end, or of the colour that it brought.
 void tst_Eyedropper::again()
 {
     PickScene scene;
     ColorPickerBase *picker = scene.picker();
     QPointer<ColorPickerCanvas> first = scene.pick();
-    SignalLog log;
-    log.watch(picker, names({ "colorPickActiveChanged" }));
+    QVector<bool> active;
+    auto connection = connect(picker, &ColorPickerBase::colorPickActiveChanged, this,
+                              [&] { active.append(picker->colorPickActive()); });
     picker->pickColor();
-    QCOMPARE(log.take(), names({ "colorPickActiveChanged", "colorPickActiveChanged" }));
+    QCOMPARE(active, QVector<bool>({ false, true }));
     QTRY_VERIFY(!first);
+    disconnect(connection);
 
-    const auto connection = connect(picker, &ColorPickerBase::colorPickActiveChanged, this, [&] {
+    connection = connect(picker, &ColorPickerBase::colorPickActiveChanged, this, [&] {
         if (!picker->colorPickActive())
             picker->pickColor();
     });
     picker->pickColor();
     disconnect(connection);
     QVERIFY(picker->colorPickActive());
+
+    connection = connect(picker, &ColorPickerBase::colorChanged, picker,
+                         &ColorPickerBase::pickColor);
+    press(scene.window(), QPoint(300, 20));
+    disconnect(connection);
+    QCOMPARE(picker->color(), kRight);
+    QVERIFY(picker->colorPickActive() && isPicking());
     press(scene.window(), QPoint(30, 20));
     QCOMPARE(picker->color(), kLeft);
     QTRY_VERIFY(picker->findChildren<ColorPickerCanvas *>().isEmpty());
@@ -250,23 +292,33 @@ void tst_Eyedropper::ends()
     const struct
     {
         const char *name;
-        std::function<void(Scene &)> end;
+        std::function<void(Scene &, QQuickItem *other)> end;
     } rows[] = {
-        { "picker", [](Scene &scene) { delete scene->picker(); } },
-        { "no window", [](Scene &scene) { scene->picker()->setParentItem(nullptr); } },
-        { "close", [](Scene &scene) { scene->window()->close(); } },
-        { "window", [](Scene &scene) { scene->destroyWindow(); } },
-        { "engine", [](Scene &scene) { scene.reset(); } },
+        { "picker", [](Scene &scene, auto) { delete scene->picker(); } },
+        { "no window", [](Scene &scene, auto) { scene->picker()->setParentItem(nullptr); } },
+        { "moves", [](Scene &scene, auto other) { scene->picker()->setParentItem(other); } },
+        { "close", [](Scene &scene, auto) { scene->window()->close(); } },
+        { "hide", [](Scene &scene, auto) { scene->window()->hide(); } },
+        { "window", [](Scene &scene, auto) { scene->destroyWindow(); } },
+        { "engine", [](Scene &scene, auto) { scene.reset(); } },
     };
+    PickScene other;
     for (const auto &row : rows) {
         auto scene = std::make_unique<PickScene>();
         const QPointer<ColorPickerBase> picker = scene->picker();
         QPointer<ColorPickerCanvas> canvas = scene->pick();
         move(scene->window(), QPoint(30, 30));
-        row.end(scene);
+        SignalLog log;
+        log.watch(picker, names({ "colorPickActiveChanged" }));
+        row.end(scene, other.root());
         QVERIFY2(!isPicking(), row.name);
         QVERIFY2(!picker || !picker->colorPickActive(), row.name);
+        if (picker)
+            QCOMPARE(log.take(), names({ "colorPickActiveChanged" }));
         QTRY_VERIFY2(!canvas, row.name);
+        const int before = other.presses();
+        click(other.window(), QPoint(300, 200));
+        QCOMPARE(other.presses(), before + 1);
     }
 }
 
@@ -275,7 +327,8 @@ void tst_Eyedropper::handlersThatDestroy_data()
     QTest::addColumn<QByteArray>("signal");
     QTest::addColumn<bool>("window");
     for (bool window : { false, true }) {
-        for (const char *signal : { "begin", "colour", "request", "end", "hover", "close" })
+        for (const char *signal :
+             { "begin", "colour", "request", "end", "hover", "leave", "close" })
             QTest::addRow("%s at %s", window ? "window" : "picker", signal)
                 << QByteArray(signal) << window;
     }
@@ -305,10 +358,13 @@ void tst_Eyedropper::handlersThatDestroy()
         connect(picker, &ColorPickerBase::colorChanged, this, strike);
     if (signal == "end" || signal == "close")
         connect(picker, &ColorPickerBase::colorPickActiveChanged, this, strike);
-    if (signal == "hover")
+    if (signal == "hover" || signal == "leave")
         connect(canvas, &ColorPickerCanvas::previewColorChanged, this, strike);
     if (signal == "hover") {
         QTest::mouseMove(scene.window(), QPoint(21, 20));
+    } else if (signal == "leave") {
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(scene.window(), &leave);
     } else if (signal == "close") {
         scene.window()->close();
     } else if (!done) {

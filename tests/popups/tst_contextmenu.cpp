@@ -25,6 +25,7 @@ private Q_SLOTS:
     void outsidePress();
     void releases();
     void secondClick();
+    void keysAndWheel();
     void geometry();
     void looks();
 };
@@ -44,6 +45,7 @@ const QString kScene =
                    "Item { objectName: 'inner'; x: 10; y: 10; width: 50; height: 50 } }\n"
                    "UiContextMenu { objectName: 'menu'\n%1 } }\n"
                    "MouseArea { objectName: 'below'; property int clicks: 0; onClicked: ++clicks\n"
+                   "property int turns: 0; onWheel: ++turns\n"
                    "x: 500; width: 300; height: 600; acceptedButtons: Qt.AllButtons }")
         .arg(kEntries);
 
@@ -76,6 +78,7 @@ void tst_ContextMenu::entries()
     // What changes while the menu is open.
     rename->setVisible(false);
     QVERIFY(!delegateOf(scene, "rename")->isVisible());
+    QVERIFY(!delegateOf(scene, "rename")->isEnabled());
     delete scene.find<MenuItem>("remove");
     QTRY_COMPARE(scene.frame()->height(), 32 + 5 + 6.0);
 }
@@ -110,12 +113,14 @@ void tst_ContextMenu::rightClick()
     QCOMPARE(item->position(), QPointF(160, 155));
     QCOMPARE(item->z(), 4294967295.0);
     QCOMPARE(item->parentItem(), scene.window()->contentItem());
+    QVERIFY(item->property("_ta_isPopup").toBool());
     QTRY_COMPARE(item->opacity(), 1.0);
 
     QQuickItem *delegate = delegateOf(scene, "rename");
     move(scene.window(), center(delegate));
     QVERIFY(delegate->property("hovered").toBool());
     press(scene.window(), center(delegate));
+    QVERIFY(delegate->property("pressed").toBool());
     QVERIFY(take().isEmpty());
     release(scene.window(), center(delegate));
     QCOMPARE(take(), names({ "triggered visible on stack", "menuVisibleChanged on stack",
@@ -123,6 +128,8 @@ void tst_ContextMenu::rightClick()
     QVERIFY(!menu->rootItem() && !PopupStack::top());
     QVERIFY(item); // fades out
     QTRY_VERIFY(!item);
+    menu->close();
+    QVERIFY(take().isEmpty());
 }
 
 void tst_ContextMenu::filter_data()
@@ -152,15 +159,24 @@ void tst_ContextMenu::filter_data()
     const auto wheel = QEvent::Wheel;
     const QStringList asked = names({ "contextMenuRequested", "swallowed" });
     row("escape", "window", key, Qt::Key_Escape, outside, {}, close + swallowed);
+    row("escape to the target", "target", key, Qt::Key_Escape, outside, {}, close + swallowed);
     row("another key", "window", key, Qt::Key_A, outside, {}, swallowed);
+    row("key release", "window", QEvent::KeyRelease, Qt::Key_Escape, outside, {}, {});
     row("shortcut", "window", QEvent::ShortcutOverride, Qt::Key_A, outside, {}, swallowed);
     row("right press on target", "target", down, Qt::RightButton, outside, asked, asked);
+    row("left press on target", "target", down, Qt::LeftButton, outside, {}, {});
     row("right release on target", "target", up, Qt::RightButton, outside, opened, close + opened);
+    row("left release on target", "target", up, Qt::LeftButton, outside, {}, {});
     row("wheel on target", "target", wheel, 0, outside, {}, {});
     row("wheel inside", "window", wheel, 0, inside, swallowed, {});
     row("wheel outside", "window", wheel, 0, outside, swallowed, swallowed);
     row("left press inside", "window", down, Qt::LeftButton, inside, {}, {});
     row("left press outside", "window", down, Qt::LeftButton, outside, {}, close);
+    row("middle press outside", "below", down, Qt::MiddleButton, outside, {}, close);
+    row("right press outside", "window", down, Qt::RightButton, outside, {}, close);
+    row("release outside", "window", up, Qt::LeftButton, outside, {}, {});
+    row("move", "window", QEvent::MouseMove, Qt::NoButton, outside, {}, {});
+    row("double click", "target", QEvent::MouseButtonDblClick, Qt::RightButton, outside, {}, {});
 }
 
 void tst_ContextMenu::filter()
@@ -212,14 +228,26 @@ void tst_ContextMenu::refusedPress()
     scene.open();
     QCOMPARE(log.take(), names({ "contextMenuRequested", "menuVisibleChanged" }));
     QCOMPARE(scene.find("target")->property("clicks").toInt(), 1);
+
+    // Inside of the open menu a right press asks once, although the menu sees it several times.
+    for (bool show : { false, true }) {
+        scene.menu->setProperty("show", show);
+        click(scene.window(), QPoint(155, 155), Qt::RightButton);
+        QCOMPARE(log.take().count(QStringLiteral("contextMenuRequested")), 1);
+    }
+    QCOMPARE(scene.menu->rootItem()->position(), QPointF(155, 155));
 }
 
 void tst_ContextMenu::target()
 {
     MenuScene scene(
-        QStringLiteral("Item { objectName: 'target'; UiContextMenu { objectName: 'menu' } }"));
+        QStringLiteral("Item { objectName: 'target'; UiContextMenu { objectName: 'menu' } }\n"
+                       "Item { objectName: 'other'\n"
+                       "UiContextMenu { objectName: 'off'; enabled: false } }"));
     QQuickItem *target = scene.find("target");
+    QQuickItem *other = scene.find("other");
     QCOMPARE(target->acceptedMouseButtons(), Qt::RightButton);
+    QCOMPARE(other->acceptedMouseButtons(), Qt::NoButton);
     // It gets back what it accepted before, whatever it accepts meanwhile.
     target->setAcceptedMouseButtons(Qt::AllButtons);
     scene.menu->setEnabled(false);
@@ -229,6 +257,8 @@ void tst_ContextMenu::target()
     QCOMPARE(target->acceptedMouseButtons(), Qt::LeftButton | Qt::RightButton);
     scene.menu->setEnabled(false);
     QCOMPARE(target->acceptedMouseButtons(), Qt::LeftButton);
+    scene.find<ContextMenu>("off")->setEnabled(true);
+    QCOMPARE(other->acceptedMouseButtons(), Qt::RightButton);
 }
 
 void tst_ContextMenu::showAt()
@@ -247,23 +277,33 @@ void tst_ContextMenu::showAt()
     press(scene.window(), QPoint(165, 170), Qt::RightButton);
     QCOMPARE(position, QPointF(65, 70));
     QCOMPARE(item, scene.find("inner"));
+    press(scene.window(), QPoint(101, 102), Qt::RightButton);
+    QCOMPARE(item, target);
     menu->showAt(below, QPointF(10.5, 20.4));
     QCOMPARE(position, QPointF(410.5, -79.6));
     QCOMPARE(item, below);
     QCOMPARE(menu->rootItem()->position(), QPointF(511, 20));
 
     // Open already; and no position at all.
+    const QPointer<QQuickItem> first = menu->rootItem();
     SignalLog log;
     log.watch(menu);
     menu->showAt(below, QPointF(qQNaN(), qInf()));
     QCOMPARE(log.take(), names({ "contextMenuRequested", "menuVisibleChanged", "closed",
                                  "menuVisibleChanged" }));
+    QVERIFY(menu->rootItem() != first);
+    QTRY_VERIFY(!first);
     menu->close();
 
     target->setParentItem(nullptr);
     expectWarning(QStringLiteral("cannot open while its target is in no window"));
     menu->showAt(below, QPointF());
     QVERIFY(!menu->rootItem());
+    log.take();
+    menu->showAt(nullptr, QPointF());
+    menu->setEnabled(false);
+    menu->showAt(below, QPointF());
+    QCOMPARE(log.take(), names({ "enabledChanged" }));
     delete target;
 }
 
@@ -273,11 +313,14 @@ void tst_ContextMenu::outsidePress()
     MenuScene scene(kScene);
     MenuScene elsewhere(kScene);
     for (const Scene *place : { &scene, &elsewhere }) {
-        scene.open();
-        QVERIFY(scene.menu->rootItem());
-        click(place->window(), QPoint(700, 500), Qt::MiddleButton);
-        QVERIFY(!scene.menu->rootItem() && !PopupStack::top());
-        QCOMPARE(place->find("below")->property("clicks").toInt(), 1);
+        int clicks = 0;
+        for (auto button : { Qt::LeftButton, Qt::MiddleButton, Qt::RightButton }) {
+            scene.open();
+            QVERIFY(scene.menu->rootItem());
+            click(place->window(), QPoint(700, 500), button);
+            QVERIFY(!scene.menu->rootItem() && !PopupStack::top());
+            QCOMPARE(place->find("below")->property("clicks").toInt(), ++clicks);
+        }
     }
     scene.open();
     scene.window()->hide();
@@ -322,6 +365,33 @@ void tst_ContextMenu::secondClick()
     click(scene.window(), position);
     QTest::mouseDClick(scene.window(), Qt::LeftButton, {}, position);
     QCOMPARE(log.take(), names({ "triggered" }));
+}
+
+// The host's shortcuts rest while a menu is open, the focus stays, and nothing below scrolls.
+void tst_ContextMenu::keysAndWheel()
+{
+    MenuScene scene(QString(kScene).replace(QLatin1String("x: 500"), QLatin1String("z: -1"))
+                    + QStringLiteral("\nproperty int activations: 0\n"
+                                     "Shortcut { sequences: ['Escape', 'Ctrl+S']\n"
+                                     "onActivated: ++activations }\n"
+                                     "TextInput { objectName: 'input'; focus: true }"));
+    const QQuickItem *input = scene.find("input");
+    const auto turns = [&] { return scene.find("below")->property("turns").toInt(); };
+    scene.open();
+    QTest::keyClick(scene.window(), Qt::Key_S, Qt::ControlModifier);
+    QTest::keyClick(scene.window(), Qt::Key_A);
+    for (const QPoint &position : { QPoint(151, 151), QPoint(180, 180), QPoint(120, 120) })
+        wheel(scene.window(), position, 1);
+    QVERIFY(scene.menu->rootItem());
+    QTest::keyClick(scene.window(), Qt::Key_Escape);
+    QVERIFY(!scene.menu->rootItem());
+    QCOMPARE(scene.root()->property("activations").toInt(), 0);
+    QVERIFY(input->property("text").toString().isEmpty() && input->hasActiveFocus());
+    QCOMPARE(turns(), 0);
+    QTest::keyClick(scene.window(), Qt::Key_S, Qt::ControlModifier);
+    wheel(scene.window(), QPoint(120, 120), 1);
+    QCOMPARE(scene.root()->property("activations").toInt(), 1);
+    QCOMPARE(turns(), 1);
 }
 
 // To the right and downwards, unless the window ends there; in the corner upwards only.
@@ -375,7 +445,10 @@ void tst_ContextMenu::looks()
     QCOMPARE(color(scene.menu->rootItem()->position().toPoint()), QColor(0xcc, 0xcc, 0xcc));
     QCOMPARE(color(spot), QColor(Qt::white));
     move(scene.window(), center(rename));
-    QVERIFY(color(spot) != QColor(Qt::white));
+    const QColor hovered = color(spot);
+    press(scene.window(), center(rename));
+    const QColor pressed = color(spot);
+    QVERIFY(hovered != pressed && hovered != QColor(Qt::white) && pressed != QColor(Qt::white));
     move(scene.window(), center(delegateOf(scene, "locked")));
     QCOMPARE(color(spot), QColor(Qt::white));
 }

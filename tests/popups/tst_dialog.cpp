@@ -17,6 +17,7 @@ private Q_SLOTS:
     void sizes_data();
     void sizes();
     void sizeWhileShown();
+    void badParts_data();
     void badParts();
     void buttonsWhileShown();
     void order_data();
@@ -24,7 +25,9 @@ private Q_SLOTS:
     void returnKey_data();
     void returnKey();
     void footerArrows();
+    void tabCycle_data();
     void tabCycle();
+    void clicksAndFocus();
     void heldKey();
 };
 
@@ -39,11 +42,11 @@ const QString kContent = QStringLiteral(
     "Item { objectName: 'b'; activeFocusOnTab: true; y: 30; width: 50; height: 20 } } }\n");
 
 // An item that has the focus, and a dialog with the \a properties.
-QString dialogQml(const QString &properties)
+QString dialogQml(const QString &properties, const QString &outside = {})
 {
     return QStringLiteral("Item { objectName: 'before'; focus: true; width: 100; height: 30 }\n"
-                          "UiDialog { objectName: 'dialog'\n%1 }\n")
-        .arg(properties);
+                          "UiDialog { objectName: 'dialog'\n%1 }\n%2")
+        .arg(properties, outside);
 }
 
 QString buttons(std::initializer_list<const char *> list)
@@ -79,10 +82,13 @@ void tst_Dialog::items()
     QCOMPARE(host->parentItem(), scene.window()->contentItem());
     QCOMPARE(host->z(), 65635.0);
     QCOMPARE(host->size(), QSizeF(800, 600));
+    QVERIFY(!host->property("_ta_isPopup").isValid());
+    QCOMPARE(QQmlEngine::objectOwnership(host), QQmlEngine::CppOwnership);
 
     const QQuickItem *content = dialog->content();
     QCOMPARE(content->property("dialog").value<Dialog *>(), dialog);
     QCOMPARE(content->property("extra").toInt(), 7);
+    QVERIFY(dialog->contentOptions().count() == 1); // the dialog was put into a copy
 
     // From the top: header, content, footer; in the middle of the window.
     const QQuickItem *more = scene.find("more");
@@ -91,8 +97,10 @@ void tst_Dialog::items()
     QCOMPARE(frame.center(), QPointF(400, 300));
     QCOMPARE(content->size(), QSizeF(300, 150));
     QCOMPARE(footer->height(), 48.0);
+    QCOMPARE(footer->y(), content->y() + 150);
     QCOMPARE(frame.size(), QSizeF(300, content->y() + 150 + 48));
     QVERIFY(content->y() > 40);
+    QCOMPARE(more->parentItem()->position(), QPointF(8, 14));
 
     // The white ground reaches exactly to the edges of the box, the shadow beyond.
     QTRY_VERIFY(!host->property("layer").value<QObject *>()->property("enabled").toBool());
@@ -123,13 +131,20 @@ void tst_Dialog::sizes_data()
                         const QSizeF &size) {
         QTest::newRow(name) << properties + QLatin1String(more) << size;
     };
+    row("nothing", bare, "", QSizeF(200, 100));
     row("small", bare + part("content", 20, 30), "", QSizeF(200, 100));
+    row("large", bare + large, "", QSizeF(320, 230));
     row("fraction", bare + part("content", 300.25, 200.75), "", QSizeF(301, 201));
     row("fixed", bare + large, "width: 50; height: 40", QSizeF(50, 40));
+    row("one fixed", bare + large, "width: 400", QSizeF(400, 230));
     row("auto", bare, "autoSize: true; width: 3; autoSizeMargins: Qt.point(20, 10)",
         QSizeF(760, 580));
     row("auto, no room", bare, "autoSize: true; autoSizeMargins: Qt.point(500, 2147483647)",
         QSizeF(0, 0));
+    row("fixed, with a header and a footer", large + buttons({ "text: 'One'" }),
+        "width: 500; height: 400; label: 'Title'; instructionText: 'A line that is too long for "
+        "a dialog at its smallest size'",
+        QSizeF(500, 400));
     row("own parts", part("header", 250, 60) + part("footer", 350, 50), "", QSizeF(350, 110));
 }
 
@@ -160,22 +175,38 @@ void tst_Dialog::sizeWhileShown()
     QCOMPARE(size(), QSizeF(800, 600));
     dialog->setAutoSizeMargins(QPoint(100, 50));
     QCOMPARE(size(), QSizeF(600, 500));
+    dialog->content()->setImplicitWidth(360);
+    QCOMPARE(size(), QSizeF(600, 500));
     scene.window()->resize(700, 500);
     QTRY_COMPARE(size(), QSizeF(500, 400));
+    QTRY_COMPARE(dialog->rootItem()->size(), QSizeF(700, 500));
     dialog->reject();
+}
+
+void tst_Dialog::badParts_data()
+{
+    QTest::addColumn<QByteArray>("qml");
+    QTest::addColumn<QString>("warning");
+    QTest::newRow("syntax error") << QByteArray("Item {") << QStringLiteral("cannot be created");
+    QTest::newRow("no item") << QByteArray("import QtQml 2.15; QtObject { property var dialog }")
+                             << QStringLiteral("must be an item");
 }
 
 // The dialog opens without the part.
 void tst_Dialog::badParts()
 {
+    QFETCH(QByteArray, qml);
+    QFETCH(QString, warning);
     DialogScene scene(dialogQml(QString()));
     Dialog *dialog = scene.dialog;
     QQmlComponent component(&scene.engine());
-    component.setData("import QtQml 2.15; QtObject { property var dialog }", QUrl());
+    component.setData(qml, QUrl(QStringLiteral("qrc:/part.qml")));
     for (auto set :
          { &Dialog::setHeaderDelegate, &Dialog::setContentDelegate, &Dialog::setFooterDelegate })
         (dialog->*set)(&component);
-    expectWarning(QStringLiteral("must be an item"));
+    expectWarning(warning);
+    if (component.isError())
+        expectWarning(QStringLiteral("Component is not ready"));
     dialog->show();
     QVERIFY(dialog->rootItem() && !dialog->content());
     QCOMPARE(scene.box()->size(), QSizeF(200, 100));
@@ -205,19 +236,27 @@ void tst_Dialog::buttonsWhileShown()
     DialogButton *third = list.at(&list, 2);
     delete list.at(&list, 1);
     QTRY_COMPARE(texts(), names({ "", "", "three" }));
+    DialogButton fourth;
+    fourth.setText(QStringLiteral("four"));
+    list.append(&list, &fourth);
+    QTRY_COMPARE(texts(), names({ "", "", "three", "four" }));
     SignalLog log;
     log.watch(third, names({ "clicked" }));
     QVERIFY(scene.waitForFrame()); // the row arranges its buttons
     click(scene.window(), center(scene.pushButtons().at(2)));
     QCOMPARE(log.take(), names({ "clicked" }));
+    QTest::keyClick(scene.window(), Qt::Key_Return); // there is no primary button
+    QVERIFY(dialog->rootItem());
     dialog->reject();
+    QVERIFY(scene.waitForFrame());
 }
 
 void tst_Dialog::order_data()
 {
     QTest::addColumn<QString>("answer");
-    QTest::newRow("ok") << QStringLiteral("accepted");
-    for (const char *way : { "reject", "escape", "close" })
+    for (const char *way : { "accept", "ok" })
+        QTest::newRow(way) << QStringLiteral("accepted");
+    for (const char *way : { "reject", "cancel", "escape", "close" })
         QTest::newRow(way) << QStringLiteral("rejected");
 }
 
@@ -254,14 +293,16 @@ void tst_Dialog::order()
         QVERIFY(scene.find("a")->hasActiveFocus());
         log.clear();
         const QPointer<QQuickItem> host = dialog->rootItem();
-        if (way == QLatin1String("reject"))
+        if (way == QLatin1String("accept"))
+            dialog->accept(QStringLiteral("r"));
+        else if (way == QLatin1String("reject"))
             dialog->reject();
         else if (way == QLatin1String("escape"))
             QTest::keyClick(scene.window(), Qt::Key_Escape);
         else if (way == QLatin1String("close"))
             QCoreApplication::sendEvent(scene.window(), makeEvent(QEvent::Close, 0, {}).get());
         else
-            click(scene.window(), center(scene.pushButtons().at(1)));
+            click(scene.window(), center(scene.pushButtons().at(way == QLatin1String("ok"))));
         QCOMPARE(log, QStringList({ QStringLiteral("contentChanged top"),
                                     answer + QLatin1String(" restored") }));
         log.clear();
@@ -286,9 +327,14 @@ void tst_Dialog::returnKey_data()
     const QStringList next = names({ "nextPage" });
     const QStringList nothing;
     QTest::newRow("none") << QString() << nothing;
+    QTest::newRow("cancel alone") << buttons({ cancel }) << nothing;
     QTest::newRow("cancel, ok") << buttons({ cancel, ok }) << accepted;
     QTest::newRow("back, ok") << buttons({ back, ok }) << names({ "previousPage" });
+    QTest::newRow("forward") << buttons({ "role: UiDialogButton.ForwardRole" }) << next;
     QTest::newRow("close") << buttons({ "role: UiDialogButton.CloseRole" }) << rejected;
+    QTest::newRow("primary cancel")
+        << buttons({ "role: UiDialogButton.CancelRole; style: Ui.PrimaryPushButtonStyle", ok })
+        << rejected;
     QTest::newRow("own action") << buttons(
         { "role: UiDialogButton.OkRole; action: UiDialogButton.ForwardAction" })
                                 << next;
@@ -330,13 +376,28 @@ void tst_Dialog::footerArrows()
         QTest::keyClick(scene.window(), step.first);
         QCOMPARE(focused(scene), QLatin1String(step.second));
     }
+    // Space clicks the button that has the focus; it has no role.
+    SignalLog log;
+    QQmlListProperty<DialogButton> list = dialog->buttons();
+    log.watch(list.at(&list, 2), names({ "clicked" }));
+    QTest::keyClick(scene.window(), Qt::Key_Space);
+    QCOMPARE(log.take(), names({ "clicked" }));
     dialog->reject();
+}
+
+void tst_Dialog::tabCycle_data()
+{
+    QTest::addColumn<QString>("outside");
+    QTest::newRow("no stop outside") << QString();
+    QTest::newRow("stops outside")
+        << QStringLiteral("Item { activeFocusOnTab: true; width: 10; height: 10 }\n"
+                          "Item { activeFocusOnTab: true; width: 10; height: 10 }");
 }
 
 void tst_Dialog::tabCycle()
 {
-    DialogScene scene(dialogQml(buttons({ "text: 'c'", "text: 'd'" }) + kContent)
-                      + QStringLiteral("Item { activeFocusOnTab: true; width: 10; height: 10 }\n"));
+    QFETCH(QString, outside);
+    DialogScene scene(dialogQml(buttons({ "text: 'c'", "text: 'd'" }) + kContent, outside));
     scene.dialog->show();
     QString forward = focused(scene);
     QString backward;
@@ -352,6 +413,11 @@ void tst_Dialog::tabCycle()
     QCOMPARE(forward, QStringLiteral("abcdabcda"));
     QCOMPARE(backward, QStringLiteral("dcbadcba"));
 
+    // From outside the way leads in.
+    scene.find("before")->forceActiveFocus();
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QVERIFY(scene.box()->isAncestorOf(scene.window()->activeFocusItem()));
+
     // The content may ask for the keys.
     scene.dialog->content()->setProperty("disableTabOverride", true);
     scene.find("b")->forceActiveFocus();
@@ -359,6 +425,32 @@ void tst_Dialog::tabCycle()
     QCOMPARE(focused(scene), QStringLiteral("a"));
     scene.dialog->reject();
     QVERIFY(scene.find("before")->hasActiveFocus());
+}
+
+// A click beside an open box takes the focus from what is in it; one into a host that is closed
+// already takes none, wherever it lands.
+void tst_Dialog::clicksAndFocus()
+{
+    DialogScene scene(dialogQml(kContent + buttons({ "text: 'c'" })));
+    scene.dialog->show();
+    QVERIFY(scene.find("a")->hasActiveFocus());
+    click(scene.window(), QPoint(5, 5), Qt::RightButton);
+    QVERIFY(scene.dialog->rootItem() && !scene.find("a")->hasActiveFocus());
+    for (int step = 0; step < 2; ++step) {
+        QVERIFY(scene.box()->isAncestorOf(scene.window()->activeFocusItem()));
+        QTest::keyClick(scene.window(), Qt::Key_Tab);
+    }
+    const QPointer<QQuickItem> host = scene.dialog->rootItem();
+    const QPoint places[] = { QPoint(5, 5), center(scene.find("b")),
+                              center(scene.pushButtons().constFirst()) };
+    scene.dialog->reject();
+    for (const QPoint &place : places) {
+        click(scene.window(), place);
+        QVERIFY(host && scene.find("before")->hasActiveFocus());
+    }
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QVERIFY(!host->isAncestorOf(scene.window()->activeFocusItem()));
+    QTRY_VERIFY(!host);
 }
 
 // The key that closes a dialog does nothing to the button that gets the focus back; the next one

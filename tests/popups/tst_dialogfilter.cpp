@@ -18,9 +18,13 @@ private Q_SLOTS:
     void table();
     void closing_data();
     void closing();
+    void withoutWindow();
     void systemModalWindow();
     void hiddenWindow();
     void clickOutside();
+    void otherWindow();
+    void shortcuts();
+    void resizeBelow();
 };
 
 namespace {
@@ -28,11 +32,12 @@ namespace {
 const QString kDialog = QStringLiteral(
     "Item { objectName: 'before'; focus: true }\n"
     "MouseArea { objectName: 'under'; anchors.fill: parent; property int presses: 0\n"
-    "onPressed: ++presses; hoverEnabled: true }\n"
+    "property int wheels: 0; onPressed: ++presses; onWheel: ++wheels; hoverEnabled: true }\n"
     "Item { objectName: 'popup'; Item { objectName: 'inPopup' } }\n"
     "UiDialog { objectName: 'dialog'; contentDelegate: Component { Item { property var dialog\n"
     "implicitWidth: 300; implicitHeight: 150; property bool disableTabOverride: false\n"
-    "MouseArea { objectName: 'inside'; anchors.fill: parent } } } }\n");
+    "MouseArea { objectName: 'inside'; anchors.fill: parent; property int presses: 0\n"
+    "property int wheels: 0; onPressed: ++presses; onWheel: ++wheels } } } }\n");
 
 const QPointF kOutside(5, 5);
 
@@ -57,10 +62,17 @@ void tst_DialogFilter::table_data()
     row("shortcut", QEvent::Shortcut, 0, elsewhere + window + popups);
     row("key", QEvent::KeyPress, Qt::Key_A, elsewhere + popups);
     row("tab", QEvent::KeyPress, Qt::Key_Tab, all);
+    row("backtab", QEvent::KeyPress, Qt::Key_Backtab, all);
     row("escape", QEvent::KeyPress, Qt::Key_Escape, all);
     row("key release", QEvent::KeyRelease, Qt::Key_Escape, {});
     row("release", QEvent::MouseButtonRelease, 0, {});
+    row("double click", QEvent::MouseButtonDblClick, 0, {});
     row("move", QEvent::MouseMove, 0, {});
+    row("hover move", QEvent::HoverMove, 0, {});
+    row("hover leave", QEvent::HoverLeave, 0, {});
+    row("resize", QEvent::Resize, 0, {});
+    row("close", QEvent::Close, 0, {});
+    row("timer", QEvent::Timer, 0, {});
 }
 
 // With no flags: the dialog stays open.
@@ -103,7 +115,7 @@ void tst_DialogFilter::table()
         QVERIFY(dialog->rootItem());
     }
     dialog->content()->setProperty("disableTabOverride", true);
-    if (key == Qt::Key_Tab)
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
         QVERIFY(!dialog->eventFilter(scene.window(), makeEvent(type, key, kOutside).get()));
     dialog->reject();
 }
@@ -124,7 +136,9 @@ void tst_DialogFilter::closing_data()
                             << closes << swallowed;
     };
     row("escape", Dialog::RejectOnEscape, QEvent::KeyPress, "window", kOutside, true, true);
-    row("close", Dialog::RejectOnCloseEvent, QEvent::Close, "other window", kOutside, true, false);
+    for (const char *window : { "window", "other window" })
+        row(qPrintable(QStringLiteral("close of the %1").arg(QLatin1String(window))),
+            Dialog::RejectOnCloseEvent, QEvent::Close, window, kOutside, true, false);
     const auto press = [&](const char *receiver, const QPointF &position, bool closes,
                            bool swallowed) {
         row(qPrintable(
@@ -177,6 +191,30 @@ void tst_DialogFilter::closing()
     }
 }
 
+// A dialog that is below no item has no window to be in: it opens all the same.
+void tst_DialogFilter::withoutWindow()
+{
+    Scene scene(QString {});
+    const auto object = scene.create(QStringLiteral("UiDialog { autoSize: true; width: 300 }"));
+    auto *dialog = qobject_cast<Dialog *>(object.get());
+    SignalLog log;
+    log.watch(dialog, names({ "opened", "rejected" }));
+    dialog->show();
+    QVERIFY(dialog->rootItem() && !dialog->rootItem()->parentItem());
+    QCOMPARE(PopupStack::top(), dialog);
+    for (QObject *watched :
+         { static_cast<QObject *>(scene.window()), static_cast<QObject *>(scene.root()),
+           static_cast<QObject *>(nullptr) }) {
+        for (auto type : { QEvent::MouseButtonPress, QEvent::Wheel, QEvent::KeyPress })
+            QVERIFY(dialog->eventFilter(watched, makeEvent(type, Qt::Key_A, kOutside).get()));
+    }
+    dialog->setFlags(Dialog::RejectOnClickOutside);
+    QVERIFY(dialog->eventFilter(nullptr, makeEvent(QEvent::MouseButtonPress, 0, kOutside).get()));
+    QVERIFY(dialog->rootItem());
+    dialog->reject();
+    QCOMPARE(log.take(), names({ "opened", "rejected" }));
+}
+
 // A window that the system makes modal goes before.
 void tst_DialogFilter::systemModalWindow()
 {
@@ -188,6 +226,7 @@ void tst_DialogFilter::systemModalWindow()
     modal.show();
     QVERIFY(
         !dialog->eventFilter(&modal, makeEvent(QEvent::KeyPress, Qt::Key_Escape, kOutside).get()));
+    QVERIFY(!dialog->eventFilter(&modal, makeEvent(QEvent::Close, 0, kOutside).get()));
     QVERIFY(dialog->rootItem());
     modal.hide();
     QVERIFY(
@@ -203,6 +242,7 @@ void tst_DialogFilter::hiddenWindow()
     dialog->setFlags(Dialog::RejectOnEscape);
     dialog->show();
     scene.window()->hide();
+    QVERIFY(dialog->rootItem());
     click(other.window(), kOutside.toPoint());
     QCOMPARE(other.find("under")->property("presses").toInt(), 1);
     QTest::keyClick(other.window(), Qt::Key_Escape);
@@ -229,6 +269,69 @@ void tst_DialogFilter::clickOutside()
     QCOMPARE(log.take(), names({ "rejected" }));
     QCOMPARE(scene.find("under")->property("presses").toInt(), 0);
     QVERIFY(scene.find("before")->hasActiveFocus());
+
+    // A handler that opens it again by the same click gets an open dialog.
+    connect(dialog, &Dialog::rejected, dialog, &Dialog::show);
+    dialog->show();
+    click(scene.window(), kOutside.toPoint());
+    QCOMPARE(log.take(), names({ "opened", "rejected", "opened" }));
+    QVERIFY(dialog->rootItem());
+    disconnect(dialog, &Dialog::rejected, dialog, &Dialog::show);
+    dialog->reject();
+    QVERIFY(scene.find("before")->hasActiveFocus());
+}
+
+void tst_DialogFilter::otherWindow()
+{
+    Scene scene(kDialog);
+    Scene other(QStringLiteral("TextInput { objectName: 'text'; focus: true }\n") + kDialog);
+    auto *dialog = scene.find<Dialog>("dialog");
+    dialog->show();
+    click(other.window(), QPoint(400, 300));
+    wheel(other.window(), QPoint(400, 300), 1);
+    QTest::keyClick(other.window(), Qt::Key_X);
+    QCOMPARE(other.find("under")->property("presses").toInt(), 0);
+    QCOMPARE(other.find("under")->property("wheels").toInt(), 0);
+    QVERIFY(other.find("text")->property("text").toString().isEmpty());
+    QTest::keyClick(other.window(), Qt::Key_Escape); // goes to the dialog wherever it is pressed
+    QVERIFY(!dialog->rootItem());
+    click(other.window(), QPoint(400, 300));
+    QCOMPARE(other.find("under")->property("presses").toInt(), 1);
+}
+
+void tst_DialogFilter::shortcuts()
+{
+    Scene scene(QStringLiteral(
+        "property int outer: 0; property int inner: 0\n"
+        "Shortcut { sequence: 'Ctrl+O'; onActivated: ++outer }\n"
+        "UiDialog { objectName: 'dialog'; contentDelegate: Component { Item { property var dialog\n"
+        "Shortcut { sequence: 'Ctrl+I'; onActivated: ++inner } } } }"));
+    auto *dialog = scene.find<Dialog>("dialog");
+    const auto count = [&](const char *name) { return scene.root()->property(name).toInt(); };
+    dialog->show();
+    QTest::keyClick(scene.window(), Qt::Key_O, Qt::ControlModifier);
+    QTest::keyClick(scene.window(), Qt::Key_I, Qt::ControlModifier);
+    QCOMPARE(count("outer"), 0);
+    QCOMPARE(count("inner"), 1);
+    dialog->reject();
+    QTest::keyClick(scene.window(), Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(count("outer"), 1);
+}
+
+// A dialog that another one covers follows its window as well.
+void tst_DialogFilter::resizeBelow()
+{
+    Scene scene(QString(kDialog).replace(QLatin1String("'dialog'"), QLatin1String("'below'"))
+                + kDialog);
+    auto *below = scene.find<Dialog>("below");
+    auto *dialog = scene.find<Dialog>("dialog");
+    below->setAutoSize(true);
+    below->show();
+    dialog->show();
+    scene.window()->resize(640, 480);
+    QTRY_COMPARE(below->content()->width(), 640.0);
+    dialog->reject();
+    below->reject();
 }
 
 TAMBER_TEST_MAIN(tst_DialogFilter)

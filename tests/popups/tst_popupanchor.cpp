@@ -20,9 +20,14 @@ private Q_SLOTS:
     void showAndHide();
     void policies();
     void replacedComponent();
+    void arrangedContent_data();
+    void arrangedContent();
     void pressOutside();
     void persistent();
+    void wheelStaysOut();
+    void resizeAndClose();
     void tabCycle();
+    void tabWithoutFocus();
     void focusComesBack();
 };
 
@@ -39,7 +44,9 @@ QString control(int x, int y, const QString &anchor)
 }
 
 const QString kPopup = QStringLiteral(
-    "Item { implicitWidth: 200; implicitHeight: 300; width: 200 }");
+    "Item { implicitWidth: 200; implicitHeight: 300; width: 200\n"
+    "MouseArea { objectName: 'content'; property int turns: 0; onWheel: ++turns\n"
+    "width: 200; height: 20 } }");
 const QString kFocusPopup = QStringLiteral(
     "FocusScope { implicitWidth: 200; implicitHeight: 100; width: 200\n"
     "Item { objectName: 'first'; activeFocusOnTab: true; focus: true }\n"
@@ -48,8 +55,8 @@ const QString kFocusPopup = QStringLiteral(
 const QString kInstant = QStringLiteral("popupCreationPolicy: UiPopupAnchor.InstantCreation\n");
 const QString kBelow = QStringLiteral(
     "property int keys: 0; Keys.onPressed: ++keys; focus: true\n"
-    "MouseArea { objectName: 'below'; property int presses: 0; anchors.fill: parent\n"
-    "onPressed: ++presses; onWheel: ++presses }\n");
+    "MouseArea { objectName: 'below'; property int presses: 0; property int turns: 0\n"
+    "anchors.fill: parent; onPressed: ++presses; onWheel: ++turns }\n");
 const QPoint kOutside(500, 500);
 
 } // namespace
@@ -130,6 +137,12 @@ void tst_PopupAnchor::followsAnchor()
     QTRY_COMPARE(scene.anchor->popupItem()->parentItem()->position(), QPointF(50, 50));
     QCOMPARE(scene.anchor->distanceLeft(), 50);
     scene.anchor->hide();
+    QVERIFY(scene.waitForFrame());
+    const QQuickItem *layer = scene.anchor->findChild<QQuickItem *>();
+    scene.root()->setScale(1);
+    QVERIFY(scene.waitForFrame());
+    QCoreApplication::processEvents();
+    QCOMPARE(layer->position(), QPointF(50, 50));
 }
 
 void tst_PopupAnchor::restsWhenNothingMoves()
@@ -150,11 +163,12 @@ void tst_PopupAnchor::showAndHide()
     AnchorScene scene(control(100, 100, kPopup));
     PopupAnchor *anchor = scene.anchor;
     auto *interface = qobject_cast<IPopup *>(static_cast<QObject *>(anchor));
-    QVERIFY(interface);
+    QCOMPARE(anchor->qt_metacast("tamber.IPopup/1.0"), static_cast<void *>(interface));
     QVERIFY(!anchor->popupItem());
     anchor->show();
     QPointer<QQuickItem> popup = anchor->popupItem();
     QVERIFY(popup->isEnabled() && !popup->parent());
+    QVERIFY(popup->property("_ta_isPopup").toBool());
     QCOMPARE(interface->rootItem(), popup.data());
     QCOMPARE(PopupStack::top(), anchor);
 
@@ -182,7 +196,7 @@ void tst_PopupAnchor::policies()
     AnchorScene scene(control(100, 100, kPopup));
     PopupAnchor *anchor = scene.anchor;
     SignalLog log;
-    log.watch(anchor, names({ "popupItemChanged", "popupCreationPolicyChanged" }));
+    log.watch(anchor, names({ "popupItemChanged", "popupCreationPolicyChanged", "popupChanged" }));
     anchor->setPopupCreationPolicy(PopupAnchor::InstantCreation);
     QCOMPARE(log.take(), names({ "popupItemChanged", "popupCreationPolicyChanged" }));
     const QPointer<QQuickItem> popup = anchor->popupItem();
@@ -192,6 +206,22 @@ void tst_PopupAnchor::policies()
     anchor->show();
     anchor->hide();
     QVERIFY(!anchor->popupItem());
+    log.take();
+
+    // Without a component there is nothing to create; the next one is created at once, and shown
+    // where that was asked for meanwhile.
+    QQmlComponent *component = anchor->popup();
+    anchor->setPopup(nullptr);
+    anchor->setPopupCreationPolicy(PopupAnchor::InstantCreation);
+    anchor->show();
+    QCOMPARE(log.take(), names({ "popupChanged", "popupCreationPolicyChanged" }));
+    anchor->setPopup(component);
+    QCOMPARE(log.take(), names({ "popupItemChanged", "popupChanged" }));
+    QVERIFY(anchor->popupItem()->isEnabled());
+    QCOMPARE(PopupStack::top(), anchor);
+    anchor->hide();
+    anchor->setPopup(nullptr);
+    QVERIFY(anchor->popupItem());
 }
 
 void tst_PopupAnchor::replacedComponent()
@@ -210,6 +240,34 @@ void tst_PopupAnchor::replacedComponent()
     anchor->hide();
 }
 
+void tst_PopupAnchor::arrangedContent_data()
+{
+    QTest::addColumn<int>("unused");
+    for (const char *type : { "Column", "Row", "Grid", "Flow" })
+        QTest::newRow(type) << 0;
+}
+
+// A popup that arranges its children does not arrange what keeps input from below, and is covered
+// by it all the same.
+void tst_PopupAnchor::arrangedContent()
+{
+    AnchorScene scene(kBelow
+                      + control(100, 100,
+                                kInstant
+                                    + QStringLiteral("%1 { padding: 20;"
+                                                     "Item { width: 40; height: 30 } }")
+                                          .arg(QLatin1String(QTest::currentDataTag()))));
+    scene.anchor->setAutoLayout(false);
+    scene.anchor->show();
+    QVERIFY(scene.waitForFrame());
+    QVERIFY(scene.waitForFrame());
+    QCOMPARE(scene.anchor->popupItem()->size(), QSizeF(80, 70));
+    click(scene.window(), QPoint(105, 105));
+    QVERIFY(scene.anchor->isPopupVisible());
+    QCOMPARE(scene.find("below")->property("presses").toInt(), 0);
+    scene.anchor->hide();
+}
+
 // It reaches what lies there, but for the item that opens the popup.
 void tst_PopupAnchor::pressOutside()
 {
@@ -220,12 +278,13 @@ void tst_PopupAnchor::pressOutside()
     anchor->show();
     click(scene.window(), QPoint(150, 150)); // on an empty part of the popup
     QVERIFY(anchor->isPopupVisible() && anchor->popupItem()->hasActiveFocus());
-    wheel(scene.window(), kOutside, 1); // gets nowhere, and closes nothing
-    QVERIFY(anchor->isPopupVisible());
     QCOMPARE(presses(), 0);
-    click(scene.window(), kOutside);
-    QVERIFY(!anchor->isPopupVisible());
-    QCOMPARE(presses(), 1);
+    for (auto button : { Qt::LeftButton, Qt::RightButton }) {
+        anchor->show();
+        click(scene.window(), kOutside, button);
+        QVERIFY(!anchor->isPopupVisible());
+        QCOMPARE(presses(), 1);
+    }
     anchor->setTriggerItem(below);
     for (int expected : { 1, 2 }) { // closes it, and is one like any other
         anchor->setPopupVisible(expected == 1);
@@ -233,6 +292,11 @@ void tst_PopupAnchor::pressOutside()
         QVERIFY(!anchor->isPopupVisible());
         QCOMPARE(presses(), expected);
     }
+    anchor->show();
+    delete below;
+    QVERIFY(!anchor->triggerItem());
+    click(scene.window(), kOutside);
+    QVERIFY(!anchor->isPopupVisible());
 }
 
 void tst_PopupAnchor::persistent()
@@ -255,6 +319,40 @@ void tst_PopupAnchor::persistent()
     QVERIFY(!anchor->isPopupVisible());
 }
 
+void tst_PopupAnchor::wheelStaysOut()
+{
+    AnchorScene scene(kBelow + control(100, 100, kPopup));
+    const auto turns = [&](const char *name) {
+        return scene.find(name)->property("turns").toInt();
+    };
+    scene.anchor->show();
+    for (bool persistent : { false, true }) {
+        scene.anchor->setPersistent(persistent);
+        wheel(scene.window(), kOutside, 1);
+        QVERIFY(scene.anchor->isPopupVisible());
+    }
+    QCOMPARE(turns("below"), 0);
+    wheel(scene.window(), QPoint(150, 110), 1);
+    QCOMPARE(turns("content"), 1);
+    scene.anchor->hide();
+    wheel(scene.window(), kOutside, 1);
+    QCOMPARE(turns("below"), 1);
+}
+
+void tst_PopupAnchor::resizeAndClose()
+{
+    AnchorScene scene(control(100, 100, kPopup));
+    QWindow other;
+    scene.anchor->show();
+    QCoreApplication::sendEvent(&other, makeEvent(QEvent::Resize, 0, {}).get());
+    QVERIFY(scene.anchor->isPopupVisible());
+    QCoreApplication::sendEvent(&other, makeEvent(QEvent::Close, 0, {}).get());
+    QVERIFY(!scene.anchor->isPopupVisible());
+    scene.anchor->show();
+    scene.window()->resize(700, 500);
+    QTRY_VERIFY(!scene.anchor->isPopupVisible());
+}
+
 void tst_PopupAnchor::tabCycle()
 {
     AnchorScene scene(QStringLiteral("Item { objectName: 'before'; activeFocusOnTab: true }")
@@ -265,15 +363,36 @@ void tst_PopupAnchor::tabCycle()
     scene.anchor->popupItem()->forceActiveFocus();
     const auto focus = [&] { return scene.window()->activeFocusItem()->objectName(); };
     QCOMPARE(focus(), QStringLiteral("first"));
-    for (const char *expected : { "second", "third", "first" }) {
+    for (const char *expected : { "second", "third", "first", "second" }) {
         QTest::keyClick(scene.window(), Qt::Key_Tab);
         QCOMPARE(focus(), QLatin1String(expected));
     }
-    for (const char *expected : { "third", "second" }) {
+    for (const char *expected : { "first", "third", "second" }) {
         QTest::keyClick(scene.window(), Qt::Key_Backtab, Qt::ShiftModifier);
         QCOMPARE(focus(), QLatin1String(expected));
     }
+
+    // One tab stop: the key is swallowed.
+    scene.find("first")->forceActiveFocus();
+    for (const char *name : { "second", "third" })
+        scene.find(name)->setActiveFocusOnTab(false);
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QCOMPARE(focus(), QStringLiteral("first"));
     scene.anchor->hide();
+}
+
+void tst_PopupAnchor::tabWithoutFocus()
+{
+    AnchorScene scene(QStringLiteral("Item { objectName: 'before'; activeFocusOnTab: true }"
+                                     "Item { objectName: 'next'; activeFocusOnTab: true }")
+                      + control(100, 100, kPopup));
+    scene.find("before")->forceActiveFocus();
+    scene.anchor->show();
+    QTest::keyClick(scene.window(), Qt::Key_Tab); // nothing in the popup takes the focus
+    QVERIFY(scene.find("before")->hasActiveFocus());
+    scene.anchor->hide();
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QVERIFY(scene.find("next")->hasActiveFocus());
 }
 
 // To the item that had it, where the popup has it when it closes, and where that item can take it.
@@ -295,7 +414,14 @@ void tst_PopupAnchor::focusComesBack()
         QVERIFY(before->hasActiveFocus());
         closeFrom("other");
         QVERIFY(scene.find("other")->hasActiveFocus());
+        // A handler that shows it again while it closes does not make it remember itself.
         before->forceActiveFocus();
+        on(
+            scene.anchor, QStringLiteral("aboutToHide"), [&] { scene.anchor->show(); }, 1);
+        closeFrom(nullptr);
+        QVERIFY(scene.anchor->popupItem()->isAncestorOf(scene.window()->activeFocusItem()));
+        scene.anchor->hide();
+        QVERIFY(before->hasActiveFocus());
         on(
             scene.anchor, QStringLiteral("aboutToHide"), [&] { before->setEnabled(false); }, 1);
         closeFrom(nullptr);

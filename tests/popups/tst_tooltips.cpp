@@ -8,6 +8,9 @@
 #include <TamberUi/Tooltip>
 
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QLoggingCategory>
+
+#include <ctime>
 
 using namespace ta::ui;
 using namespace ta::test;
@@ -26,11 +29,14 @@ private Q_SLOTS:
     void place();
     void windows();
     void membership();
+    void logging();
+    void thousands();
 };
 
 namespace {
 
 const QPoint kOverItem(50, 50);
+const QPoint kBeside(300, 300);
 
 } // namespace
 
@@ -102,24 +108,46 @@ void tst_Tooltips::whatIsShown_data()
         return QStringLiteral("Item { width: 100; height: 100; %1\n%2 }")
             .arg(QLatin1String(properties), items);
     };
-    const auto popup = [](int size) {
+    const auto popup = [](int size, const QString &items) {
         return QStringLiteral("UiPopupAnchor { popupVisible: true\n"
-                              "Item { width: %1; height: %1 } }")
-            .arg(size);
+                              "Item { width: %1; height: %1\n%2 } }")
+            .arg(size)
+            .arg(items);
+    };
+    const auto clip = [](int size, const QString &items) {
+        return QStringLiteral("Item { width: %1; height: %1; clip: true\n%2 }")
+            .arg(size)
+            .arg(items);
     };
     const QString outer = QStringLiteral("UiTooltip { text: 'outer' }");
     row("disabled", tip("enabled: false", "no"), "");
+    row("invisible", tip("visible: false", "no"), "");
     row("in disabled", in("enabled: false", tip("", "no")), "");
+    row("transparent", tip("opacity: 0", "yes"), "yes");
+    row("no text", tip("", ""), "");
     row("elsewhere", tip("x: 51", "no"), "");
+    row("turned away", tip("transformOrigin: Item.TopLeft; rotation: 90", "no"), "");
     row("transformed into place", tip("x: 400; transform: Translate { x: -400 }", "yes"), "yes");
-    row("clipped away",
-        QStringLiteral("Item { width: 40; height: 40; clip: true\n%1 }").arg(tip("", "no")), "");
-    row("below a popup", tip("", "no") + popup(60), "");
-    row("beside a popup", tip("", "yes") + popup(40), "yes");
+    row("clipped away", clip(40, tip("", "no")), "");
+    row("clipped elsewhere", clip(60, tip("", "yes")), "yes");
+    row("below a popup", tip("", "no") + popup(60, {}), "");
+    row("beside a popup", tip("", "yes") + popup(40, {}), "yes");
+    row("in a popup, of another agent",
+        tip("", "no")
+            + popup(60, QStringLiteral("UiTooltip { text: 'lost' }\nUiTooltipAgent { %1 }")
+                            .arg(tip("", "elsewhere"))),
+        "");
+    row("of no item",
+        QStringLiteral("property QtObject holder: QtObject {\n"
+                       "property var tip: UiTooltip { text: 'no' } }"),
+        "");
     row("of the agent", QStringLiteral("UiTooltip { text: 'yes' }"), "yes");
     row("nested", in("", tip("", "inner") + outer), "inner");
     row("nested below", in("", tip("z: -1", "inner") + outer), "inner");
+    row("nested disabled", in("", tip("enabled: false", "inner") + outer), "outer");
+    row("siblings", tip("", "first") + tip("", "last"), "last");
     row("siblings and z", tip("z: 1", "first") + tip("", "last"), "first");
+    row("covered, though deeper", in("", in("", tip("", "deep"))) + tip("", "cover"), "cover");
     row("covering, and deeper", tip("", "first") + in("", in("", tip("", "deep"))), "deep");
     row("of one item",
         in("", QStringLiteral("UiTooltip { text: 'a' } UiTooltip { text: 'b' } UiTooltip {}")),
@@ -156,9 +184,11 @@ void tst_Tooltips::place_data()
     QTest::addColumn<QPoint>("position");
     QTest::addColumn<int>("length"); // of the text
     QTest::addColumn<bool>("above");
+    QTest::newRow("middle") << QPoint(300, 300) << 10 << false;
     QTest::newRow("right edge") << QPoint(790, 300) << 40 << false;
     QTest::newRow("bottom edge") << QPoint(300, 570) << 10 << true;
     QTest::newRow("corner") << QPoint(790, 590) << 40 << true;
+    QTest::newRow("lines") << QPoint(20, 100) << 400 << false;
     QTest::newRow("too many lines") << QPoint(20, 100) << 10000 << false;
 }
 
@@ -183,7 +213,7 @@ void tst_Tooltips::place()
         QCOMPARE(area.left(), qreal(position.x()));
     const int lines = (int(area.height()) - 21) / 16;
     QCOMPARE(area.height(), 21.0 + 16 * lines);
-    QVERIFY(lines == (length < 100 ? 1 : 20));
+    QVERIFY(length < 100 ? lines == 1 : length < 1000 ? lines > 1 && lines < 20 : lines == 20);
 }
 
 // The agent looks at its own window, whichever that is.
@@ -193,8 +223,10 @@ void tst_Tooltips::windows()
     Scene other(QString {});
     TooltipAgent *agent = scene.agent;
     scene.restAt(kOverItem);
-    move(other.window(), kOverItem + QPoint(1, 0));
+    move(other.window(), kBeside);
     QVERIFY(agent->tooltipVisible());
+    scene.endRest();
+    QCOMPARE(agent->tooltipItem()->position(), QPointF(kOverItem));
     press(other.window(), kOverItem);
     QVERIFY(!agent->tooltipVisible());
     release(other.window(), kOverItem);
@@ -209,19 +241,24 @@ void tst_Tooltips::windows()
     QVERIFY(agent->tooltipVisible());
     QCOMPARE(agent->tooltipItem()->window(), other.window());
     agent->setParentItem(nullptr);
+    scene.endRest();
     item->setParentItem(nullptr);
 }
 
 void tst_Tooltips::membership()
 {
     AgentScene scene(itemWithTooltip(QStringLiteral("objectName: 'item'"))
-                         + QStringLiteral("UiTooltipAgent { y: 100; width: 50\n"
-                                          "height: 50; UiTooltip { text: 'inner' } }"),
+                         + QStringLiteral(
+                             "UiTooltipAgent { objectName: 'inner'; y: 100; width: 50\n"
+                             "height: 50; UiTooltip { text: 'inner' } }"),
                      QStringLiteral(
                          "Item { objectName: 'outside'; x: 700; width: 50; height: 50 }"));
     TooltipAgent *agent = scene.agent;
+    auto *inner = scene.find<TooltipAgent>("inner");
     scene.restAt(QPoint(20, 120));
     QVERIFY(!agent->tooltipVisible()); // the nearest agent is the one
+    QMetaObject::invokeMethod(inner, "showTooltip");
+    QVERIFY(inner->tooltipVisible());
 
     // Added by hand, and twice: it is there once, and gone after one removal.
     Tooltip tooltip(scene.find("outside"));
@@ -245,6 +282,69 @@ void tst_Tooltips::membership()
     delete target->findChild<Tooltip *>();
     scene.endRest();
     QVERIFY(!agent->tooltipVisible());
+}
+
+void tst_Tooltips::logging()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("tamber.ui.debug=true"));
+    QTest::ignoreMessage(QtDebugMsg,
+                         "No TooltipAgent found in parent hierarchy - tooltip will not function");
+    const Scene orphan(QStringLiteral("UiTooltip { text: 'nobody sees it' }"));
+    const AgentScene scene;
+    for (const QPoint &position : { kOverItem, kBeside }) {
+        QTest::ignoreMessage(QtDebugMsg, QRegularExpression(
+                                             QStringLiteral("^Tooltip search took \\d+ msecs$")));
+        scene.restAt(position);
+    }
+    QLoggingCategory::setFilterRules({});
+}
+
+// A screen full of tooltips costs nobody anything to speak of.
+void tst_Tooltips::thousands()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("A sanitizer's code has times of its own; the run without one does this test");
+#endif
+    const auto processorTime = [] {
+        timespec time {};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return time.tv_sec * 1e3 + time.tv_nsec / 1e6; // ms
+    };
+    AgentScene scene(QStringLiteral(
+        "Repeater { model: 10000; Item { x: index % 100 * 8; y: Math.floor(index / 100) * 6\n"
+        "width: 8; height: 6; UiTooltip { text: index } } }"));
+    TooltipAgent *agent = scene.agent;
+    for (const QPoint &position : { QPoint(404, 303), QPoint(404, 601) }) {
+        double best = 1e9;
+        for (int i = 0; i < 20; ++i) {
+            move(scene.window(), position);
+            const double before = processorTime();
+            scene.endRest();
+            best = qMin(best, processorTime() - before);
+        }
+        QVERIFY(best < 1);
+        QCOMPARE(agent->tooltipText(), QStringLiteral("5050"));
+    }
+
+    // They come and go one by one as quickly; what remains is found.
+    QVector<Tooltip *> tooltips;
+    const QList<QQuickItem *> items = agent->childItems();
+    for (const QQuickItem *child : items)
+        tooltips += child->findChildren<Tooltip *>().toVector();
+    const double before = processorTime();
+    for (Tooltip *tooltip : qAsConst(tooltips))
+        agent->removeTooltip(tooltip);
+    for (Tooltip *tooltip : qAsConst(tooltips))
+        agent->addTooltip(tooltip);
+    for (int i = 1; i < 10000; i += 2)
+        agent->removeTooltip(tooltips.at(i));
+    QVERIFY(processorTime() - before < 100);
+    for (int i : { 0, 1, 4998, 4999, 9998, 9999 }) {
+        scene.restAt(center(qobject_cast<QQuickItem *>(tooltips.at(i)->parent())));
+        QCOMPARE(agent->tooltipVisible(), i % 2 == 0);
+        if (i % 2 == 0)
+            QCOMPARE(agent->tooltipText(), tooltips.at(i)->text());
+    }
 }
 
 TAMBER_TEST_MAIN(tst_Tooltips)

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void clearedWhileLoading();
     void sizeChanges();
     void oddSizes();
+    void declaredPropertiesLoadOnce();
     void twoWindows();
     void hiddenAndShownAgain();
     void windowClosedWhileLoading();
@@ -50,7 +51,10 @@ namespace {
 class Board : public Scene
 {
 public:
-    Board() : Scene(QStringLiteral("Rectangle { anchors.fill: parent }"), QSize(420, 420)) {}
+    explicit Board(const QString &body)
+        : Scene(QStringLiteral("Rectangle { anchors.fill: parent }") + body, QSize(420, 420))
+    {
+    }
 
     // Invalid until the first frame is there.
     QColor pixel(const QPointF &position) const
@@ -80,6 +84,7 @@ void waitForLoads()
 void tst_Thumbnail::initTestCase()
 {
     QThreadPool::globalInstance()->setMaxThreadCount(4); // while one of them waits
+    qmlRegisterType<Thumbnail>("Test", 1, 0, "Thumbnail");
 }
 
 void tst_Thumbnail::cleanup()
@@ -101,11 +106,12 @@ void tst_Thumbnail::fitting()
         { { 4000, 3000 }, {}, { 200, 100 }, { 33, 0, 133, 100 }, false },
         { { 100, 50 }, {}, { 400, 400 }, { 0, 100, 400, 200 }, false },
         { { 200, 100 }, { 10, 10, 50, 40 }, { 100, 100 }, { 0, 10, 100, 80 }, true },
+        { { 200, 100 }, { 80, 0, 40, 40 }, { 100, 100 }, { 0, 0, 100, 100 }, false },
     };
     int number = 0;
     for (const auto &row : rows) {
         const ProbeImage probe(folder(), QStringLiteral("fitting%1").arg(++number), row.picture);
-        Board board;
+        Board board({});
         Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(QPoint(10, 10), row.item));
         thumbnail->setRegion(row.region);
         const QRectF area = QRectF(row.expected).translated(10, 10);
@@ -129,7 +135,7 @@ void tst_Thumbnail::disabled()
 {
     const QColor color(200, 100, 50);
     const ProbeImage probe(folder(), QStringLiteral("disabled"), QSize(40, 40), color);
-    Board board;
+    Board board({});
     Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
     QTRY_COMPARE(board.pixel(QPointF(20, 50)), color);
     thumbnail->setEnabled(false);
@@ -148,13 +154,17 @@ void tst_Thumbnail::disabled()
 void tst_Thumbnail::nothingToShow()
 {
     const ProbeImage probe(folder(), QStringLiteral("before"), QSize(40, 40));
-    Board board;
+    Board board({});
     Thumbnail *thumbnail = board.addThumbnail(QUrl(), QRect(0, 0, 100, 100));
-    for (const char *source : { "", "http://localhost/a.png", "file:///nowhere.png" }) {
+    for (const char *source : { "", "qrc:/ui/images/checkmark.png", "http://localhost/a.png",
+                                "file:///nowhere.png", "file:///tmp" }) {
         thumbnail->setSource(probe.url());
         QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
         thumbnail->setSource(QUrl(QLatin1String(source)));
         QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+        thumbnail->setEnabled(false);
+        QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+        thumbnail->setEnabled(true);
     }
 }
 
@@ -163,7 +173,7 @@ void tst_Thumbnail::latestSourceWins()
     ProbeImage first(folder(), QStringLiteral("first"), QSize(40, 40), Qt::red);
     const ProbeImage second(folder(), QStringLiteral("second"), QSize(40, 40), Qt::green);
     first.hold();
-    Board board;
+    Board board({});
     Thumbnail *thumbnail = board.addThumbnail(QUrl(), QRect(0, 0, 100, 100));
     for (int i = 0; i < 50; ++i) {
         thumbnail->setSource(first.url());
@@ -175,25 +185,32 @@ void tst_Thumbnail::latestSourceWins()
     waitForLoads();
     QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::green));
     QCOMPARE(first.readCount() + second.readCount(), 2);
+    QVERIFY(thumbnail->children().isEmpty());
 }
 
 void tst_Thumbnail::clearedWhileLoading()
 {
     ProbeImage probe(folder(), QStringLiteral("cleared"), QSize(40, 40));
     probe.hold();
-    Board board;
+    Board board({});
     Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
     QTRY_VERIFY(probe.isBeingRead());
     thumbnail->setSource(QUrl());
     probe.release();
     waitForLoads();
     QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
+
+    // The same when the load has ended and no frame has shown it yet.
+    thumbnail->setSource(probe.url());
+    waitForLoads();
+    thumbnail->setSource(QUrl());
+    QCOMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::white));
 }
 
 // A size that is the same in whole pixels loads nothing anew.
 void tst_Thumbnail::sizeChanges()
 {
-    Board board;
+    Board board({});
     const QString path = folder().filePath(QStringLiteral("later.png"));
     Thumbnail *thumbnail = board.addThumbnail(QUrl::fromLocalFile(path), QRect(0, 0, 100, 100));
     thumbnail->setWidth(100.4);
@@ -212,10 +229,11 @@ void tst_Thumbnail::sizeChanges()
 void tst_Thumbnail::oddSizes()
 {
     const ProbeImage probe(folder(), QStringLiteral("odd"), QSize(40, 40));
-    Board board;
+    Board board({});
     Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect());
     const qreal most = std::numeric_limits<qreal>::max();
-    for (const QSizeF &size : { QSizeF(0, 0), QSizeF(-50, 50), QSizeF(std::nan(""), 10) }) {
+    for (const QSizeF &size : { QSizeF(0, 0), QSizeF(-50, -50), QSizeF(0.9, 100), QSizeF(1, 0),
+                                QSizeF(std::nan(""), 10), QSizeF(100, -1) }) {
         thumbnail->setSize(size);
         waitForLoads();
         QCOMPARE(board.pixel(QPointF(0, 0)), QColor(Qt::white));
@@ -227,27 +245,46 @@ void tst_Thumbnail::oddSizes()
     QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
 }
 
+// Whatever the order in which they are declared.
+void tst_Thumbnail::declaredPropertiesLoadOnce()
+{
+    const ProbeImage probe(folder(), QStringLiteral("declared"), QSize(400, 400));
+    Board board({});
+    const auto component = board.create(
+        QStringLiteral(
+            "import Test 1.0; Item { Thumbnail { source: '%1'; width: 50; height: width; "
+            "region: Qt.rect(0, 0, 100, 100) } }")
+            .arg(probe.url().toString()));
+    QVERIFY(component);
+    waitForLoads();
+    QCOMPARE(probe.readCount(), 1);
+}
+
 void tst_Thumbnail::twoWindows()
 {
     const ProbeImage probe(folder(), QStringLiteral("moved"), QSize(40, 40));
     const ProbeImage green(folder(), QStringLiteral("green"), QSize(40, 40), Qt::green);
     const QColor shown(172, 172, 172); // half of the grey of red, on white
-    Board second;
+    Board second({});
     second.addThumbnail(green.url(), QRect(0, 100, 100, 100));
     {
-        Board first;
+        Board first({});
         Thumbnail *thumbnail = first.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
         thumbnail->setEnabled(false);
-        for (Board *board : { &first, &second, &first }) {
+        for (Board *board : { &first, &second, &first, &second, &first }) {
+            board->addThumbnail(QUrl(), QRect(100, 0, 100, 100));
             thumbnail->setParentItem(board->root());
             QTRY_VERIFY(isNear(board->pixel(QPointF(20, 50)), shown));
+            QCOMPARE(board->pixel(QPointF(150, 50)), QColor(Qt::white));
         }
         QCOMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::white));
         QCOMPARE(probe.readCount(), 1);
     }
+    second.addThumbnail(QUrl(), QRect(200, 0, 100, 100));
     second.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
     QCOMPARE(second.pixel(QPointF(20, 50)), QColor(Qt::red)); // decoded already: in the next frame
     QCOMPARE(second.pixel(QPointF(20, 150)), QColor(Qt::green));
+    QCOMPARE(second.pixel(QPointF(250, 50)), QColor(Qt::white));
 }
 
 // The graphics context goes with the frame; there is a new one when the window comes back.
@@ -259,10 +296,11 @@ void tst_Thumbnail::hiddenAndShownAgain()
     const __lsan::ScopedDisabler qtForgets;
 #endif
     const ProbeImage probe(folder(), QStringLiteral("hidden"), QSize(40, 40));
-    Board board;
+    Board board({});
     board.window()->setPersistentSceneGraph(false);
     board.window()->setPersistentOpenGLContext(false);
     board.addThumbnail(probe.url(), QRect(0, 0, 100, 100));
+    board.addThumbnail(QUrl(), QRect(100, 0, 100, 100));
     QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
     int invalidated = 0;
     QObject receiver; // on this thread
@@ -275,6 +313,7 @@ void tst_Thumbnail::hiddenAndShownAgain()
         board.window()->show();
         QVERIFY(QTest::qWaitForWindowExposed(board.window()));
         QTRY_COMPARE(board.pixel(QPointF(20, 50)), QColor(Qt::red));
+        QCOMPARE(board.pixel(QPointF(120, 50)), QColor(Qt::white));
     }
     QCOMPARE(probe.readCount(), 1);
 }
@@ -283,7 +322,7 @@ void tst_Thumbnail::windowClosedWhileLoading()
 {
     ProbeImage probe(folder(), QStringLiteral("closed"), QSize(40, 40));
     probe.hold();
-    Board board;
+    Board board({});
     for (int i = 0; i < 4; ++i)
         board.addThumbnail(probe.url(), QRect(i * 50, 0, 50 + i, 50));
     QTRY_VERIFY(probe.isBeingRead());
@@ -296,12 +335,17 @@ void tst_Thumbnail::windowClosedWhileLoading()
 void tst_Thumbnail::handlersThatDestroy()
 {
     const ProbeImage probe(folder(), QStringLiteral("destroyed"), QSize(40, 40));
-    const QPair<const char *, QVariant> rows[] = { { "source", QUrl() }, { "width", 77.0 } };
+    const QPair<const char *, QVariant> rows[] = {
+        { "source", QUrl(QStringLiteral("file:///nowhere.png")) },
+        { "region", QRect(1, 2, 3, 4) },
+        { "width", 77.0 },
+    };
     for (const auto &row : rows) {
         QPointer<Thumbnail> thumbnail = new Thumbnail;
         thumbnail->setSource(probe.url());
         const auto destroy = [&] { delete thumbnail; };
         connect(thumbnail, &Thumbnail::sourceChanged, this, destroy);
+        connect(thumbnail, &Thumbnail::regionChanged, this, destroy);
         connect(thumbnail, &QQuickItem::widthChanged, this, destroy);
         thumbnail->setProperty(row.first, row.second);
         QVERIFY(!thumbnail);

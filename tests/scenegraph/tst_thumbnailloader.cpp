@@ -6,6 +6,7 @@
 #include "scenegraph/thumbnailgeometry_p.h"
 #include "scenegraph/thumbnailloader_p.h"
 
+#include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QThreadPool>
 
@@ -24,9 +25,11 @@ private Q_SLOTS:
     void target();
     void decoding();
     void rect();
+    void decodedPixels_data();
     void decodedPixels();
     void badFiles_data();
     void badFiles();
+    void keyTellsApart();
     void cacheKeepsWhatWasUsedLast();
     void cacheBoundsSmallPictures();
     void onceForAllThatAskMeanwhile();
@@ -87,9 +90,9 @@ void tst_ThumbnailLoader::target()
         double ratio;
         QSize expected;
     } rows[] = {
-        { 33, 11, 1.5, { 49, 16 } },
-        { 0, 100, 2, { 0, 0 } },
-        { most, most, 4, { truncated(1e300), truncated(1e300) } },
+        { 200, 100, 2, { 400, 200 } }, { 33, 11, 1.5, { 49, 16 } },
+        { 0, 100, 2, { 0, 0 } },       { -5, -5, 1, { 0, 0 } },
+        { 10, 10, qQNaN(), { 0, 0 } }, { most, most, 4, { truncated(1e300), truncated(1e300) } },
     };
     for (const auto &row : rows)
         QCOMPARE(thumbnailTarget(row.width, row.height, row.ratio), row.expected);
@@ -111,12 +114,14 @@ void tst_ThumbnailLoader::decoding()
         QSize scaled;
     } rows[] = {
         { "smaller", { 4000, 3000 }, all, { 400, 200 }, false, all, { 266, 200 } },
+        { "never larger", { 100, 50 }, all, { 400, 400 }, false, all, natural },
         { "equal area", { 100, 50 }, all, { 50, 100 }, false, all, natural },
         { "beyond 32 bits", { 70000, 70000 }, all, { 30000, 30000 }, false, all, { 30000, 30000 } },
         { "thin", { 30000, 1 }, all, { 96, 96 }, false, all, { 96, 1 } },
         { "unknown size", QSize(), all, { 96, 96 }, false, all, natural },
         { "nothing to fill", { 100, 50 }, all, { 0, 0 }, true, all, natural },
         { "region", { 100, 50 }, region, { 25, 25 }, false, region, { 25, 20 } },
+        { "small region", { 4000, 3000 }, region, { 200, 200 }, false, region, natural },
         { "at the edge",
           { 100, 50 },
           { 80, 30, 50, 40 },
@@ -125,6 +130,7 @@ void tst_ThumbnailLoader::decoding()
           { 80, 30, 20, 20 },
           natural },
         { "outside", { 100, 50 }, { 100, 0, 50, 40 }, { 400, 400 }, true, all, natural },
+        { "left of it", { 100, 50 }, { -60, 0, 50, 40 }, { 400, 400 }, true, all, natural },
         { "region of unknown", QSize(), region, { 25, 25 }, false, region, { 25, 20 } },
     };
     for (const auto &row : rows) {
@@ -146,8 +152,10 @@ void tst_ThumbnailLoader::rect()
         QRect expected;
     } rows[] = {
         { { 266, 200 }, { 200, 100 }, { 33, 0, 133, 100 } },
+        { { 100, 50 }, { 400, 400 }, { 0, 100, 400, 200 } },
         { { 10, 10 }, { 21.9, 10.9 }, { 5, 0, 10, 10 } },
         { { 10, 10 }, { 0.9, 100 }, {} },
+        { { 10, 10 }, { -50, -50 }, {} },
         { QSize(), { 50, 50 }, {} },
         { { 10, 10 }, { qQNaN(), 50 }, {} },
     };
@@ -155,9 +163,18 @@ void tst_ThumbnailLoader::rect()
         QCOMPARE(thumbnailRect(row.texture, row.item), row.expected);
 }
 
+void tst_ThumbnailLoader::decodedPixels_data()
+{
+    QTest::addColumn<QString>("file");
+    for (const char *file : { "columns.png", "columns.jpg", "columns.bmp" })
+        QTest::newRow(file) << QString::fromLatin1(file);
+}
+
 // Decoders differ in what they do with clips and sizes; what comes out does not.
 void tst_ThumbnailLoader::decodedPixels()
 {
+    QFETCH(QString, file);
+    const QUrl source = QUrl::fromLocalFile(m_folder.filePath(file));
     const auto check = [](const QImage &image, const QSize &size, const QVector<QColor> &colors) {
         QCOMPARE(image.size(), size);
         for (int i = 0; i < colors.count(); ++i) {
@@ -168,22 +185,24 @@ void tst_ThumbnailLoader::decodedPixels()
                      qPrintable(color.name() + QStringLiteral(" is not ") + expected.name()));
         }
     };
-    for (const char *file : { "columns.png", "columns.jpg", "columns.bmp" }) {
-        const QUrl source = QUrl::fromLocalFile(path(file));
-        check(job(source, QSize(20, 20))(), QSize(20, 10),
-              { Qt::red, Qt::green, Qt::blue, Qt::white });
-        check(job(source, QSize(10, 10), QRect(20, 0, 40, 40))(), QSize(10, 10),
-              { Qt::green, Qt::blue });
-        check(job(source, QSize(99, 99), QRect(40, 20, 1000, 1000))(), QSize(40, 20),
-              { Qt::blue, Qt::white });
-        QVERIFY(job(source, QSize(99, 99), QRect(80, 0, 10, 10))().isNull());
-    }
+    check(job(source, QSize(400, 400))(), QSize(80, 40),
+          { Qt::red, Qt::green, Qt::blue, Qt::white });
+    check(job(source, QSize(20, 20))(), QSize(20, 10), { Qt::red, Qt::green, Qt::blue, Qt::white });
+    check(job(source, QSize(400, 400), QRect(20, 10, 40, 10))(), QSize(40, 10),
+          { Qt::green, Qt::blue });
+    check(job(source, QSize(10, 10), QRect(20, 0, 40, 40))(), QSize(10, 10),
+          { Qt::green, Qt::blue });
+    check(job(source, QSize(99, 99), QRect(40, 20, 1000, 1000))(), QSize(40, 20),
+          { Qt::blue, Qt::white });
+    QVERIFY(job(source, QSize(99, 99), QRect(80, 0, 10, 10))().isNull());
 }
 
 void tst_ThumbnailLoader::badFiles_data()
 {
     QTest::addColumn<QString>("file");
     write("text.png", "This is no picture.");
+    write("empty.jpg", QByteArray());
+    write("unknown.xyz", "\x01\x02\x03\x04");
     // 900 million pixels in a few bytes of header.
     write("huge.ppm", "P6 30000 30000 255\n");
     QFile whole(path("columns.png"));
@@ -191,14 +210,20 @@ void tst_ThumbnailLoader::badFiles_data()
     write("truncated.png", whole.read(whole.size() / 2));
     QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder.png")));
     QCOMPARE(mkfifo(qPrintable(path("pipe.png")), 0600), 0);
-    for (const char *file :
-         { "text.png", "huge.ppm", "truncated.png", "folder.png", "pipe.png", "nowhere.png" })
+    QVERIFY(QFile::copy(path("columns.png"), path("locked.png")));
+    QVERIFY(QFile::setPermissions(path("locked.png"), {}));
+
+    for (const char *file : { "text.png", "empty.jpg", "unknown.xyz", "huge.ppm", "truncated.png",
+                              "folder.png", "pipe.png", "locked.png", "nowhere.png" })
         QTest::newRow(file) << path(file);
+    QTest::newRow("no name") << QString();
 }
 
 void tst_ThumbnailLoader::badFiles()
 {
     QFETCH(QString, file);
+    if (file.endsWith(QLatin1String("locked.png")) && QFileInfo(file).isReadable())
+        QSKIP("This user may read every file");
     const ThumbnailLoadJob load = job(QUrl::fromLocalFile(file), QSize(96, 96));
     for (int i = 0; i < 2; ++i) // what was read and is no picture is in the cache by then
         QVERIFY(load().isNull());
@@ -206,6 +231,23 @@ void tst_ThumbnailLoader::badFiles()
         return;
     QVERIFY(columns().save(file)); // but not what was not there
     QCOMPARE(load().size(), QSize(80, 40));
+}
+
+void tst_ThumbnailLoader::keyTellsApart()
+{
+    const QUrl source = QUrl::fromLocalFile(path("columns.png"));
+    ThumbnailLoadJob doubled = job(source, QSize(10, 20));
+    doubled.devicePixelRatio = 2;
+    const QSet<QByteArray> keys = {
+        job(source, QSize(10, 20)).cacheKey(),
+        job(source, QSize(20, 10)).cacheKey(),
+        job(source, QSize(10, 20), QRect(0, 0, 1, 2)).cacheKey(),
+        job(source, QSize(10, 20), QRect(0, 0, 2, 1)).cacheKey(),
+        job(QUrl::fromLocalFile(path("columns.jpg")), QSize(10, 20)).cacheKey(),
+        doubled.cacheKey(),
+    };
+    QCOMPARE(keys.count(), 6);
+    QCOMPARE(doubled.cacheKey(), job(source, QSize(20, 40)).cacheKey()); // the same pixels
 }
 
 void tst_ThumbnailLoader::cacheKeepsWhatWasUsedLast()
@@ -234,6 +276,7 @@ void tst_ThumbnailLoader::cacheKeepsWhatWasUsedLast()
     QCOMPARE(reads(all), 1); // in the place of all others
     QCOMPARE(reads(all), 0);
     QCOMPARE(reads(a), 1);
+    QCOMPARE(reads(all), 1);
 }
 
 // Nothing is in the cache for free, or many small or broken pictures would fill the memory.
@@ -275,6 +318,8 @@ void tst_ThumbnailLoader::onceForAllThatAskMeanwhile()
     slow.release();
     for (const QFuture<QImage> &load : qAsConst(loads))
         QCOMPARE(load.result().cacheKey(), loads.first().result().cacheKey());
+    QCOMPARE(slow.readCount(), 1);
+    ThumbnailLoadJob::start(job(slow.url(), QSize(32, 32))).waitForFinished();
     QCOMPARE(slow.readCount(), 1);
 }
 
