@@ -249,8 +249,8 @@ void tst_VerticalScrollView::animation()
     scene.view->setScrollPosition(400.5);
     QCOMPARE(shown, QVector<double>({ 0 })); // announced at once, shown later
     QTRY_VERIFY(!isAnimating(scene.view));
-    QVERIFY(std::is_sorted(shown.cbegin(), shown.cend())); // few steps on a slow machine
-    QCOMPARE(shown.takeLast(), 400.5);
+    QCOMPARE(shown.takeLast(), 400.5); // back from 401, where a slow machine came there in one step
+    QVERIFY(std::is_sorted(shown.cbegin(), shown.cend()));
     for (double position : qAsConst(shown))
         QCOMPARE(position, std::floor(position));
     scene.view->setScrollPosition(400.5);
