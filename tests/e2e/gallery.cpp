@@ -8,7 +8,7 @@ namespace ta::test {
 
 namespace {
 
-constexpr int kPatience = 20000; // ms for anything the gallery has to do, on a slow machine
+constexpr int kPatience = 60000; // ms for anything the gallery has to do, on a slow machine
 constexpr int kThickestFrame = 60; // of a window manager, left and top added up
 
 void input(const QStringList &arguments)
