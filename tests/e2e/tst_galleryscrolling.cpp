@@ -24,9 +24,10 @@ constexpr QRect kWindow(0, 0, 1180, 1100); // high enough for the whole page
 const QString kView = QStringLiteral("shelvesView");
 
 #if defined(__SANITIZE_ADDRESS__)
-constexpr char kTooSlow[] =
-    "Drawn without a graphics card and under a sanitizer, sixty rows take up "
-    "to minutes to scroll by; the run without one does this test";
+constexpr char kNotHere[] =
+    "Under a sanitizer and without a graphics card this drag is slow, and now "
+    "and then the last row does not take it, which is not understood yet; "
+    "the run without a sanitizer does this test";
 #endif
 
 // Where a drag makes a list scroll; the popup leaves this part of what is behind it free.
@@ -38,6 +39,11 @@ QPoint nearTop(const QRect &view)
 QPoint nearBottom(const QRect &view)
 {
     return view.bottomLeft() + QPoint(20, -20);
+}
+
+bool isArranged(Gallery &gallery)
+{
+    return gallery.says(kReady) && gallery.arrange(kWindow);
 }
 
 } // namespace
@@ -80,11 +86,10 @@ void tst_GalleryScrolling::wheelAndBar()
 void tst_GalleryScrolling::dragOverTheEdges()
 {
 #if defined(__SANITIZE_ADDRESS__)
-    QSKIP(kTooSlow);
+    QSKIP(kNotHere);
 #endif
     Gallery gallery(kPage);
-    QVERIFY(gallery.says(kReady));
-    QVERIFY(gallery.arrange(kWindow));
+    QVERIFY(isArranged(gallery));
     const QRect view = gallery.area(kView);
     QVERIFY(gallery.drag(QStringLiteral("parcel")));
     QVERIFY(gallery.dragTo(nearBottom(view), QStringLiteral("drag over shelves60")));
@@ -98,11 +103,10 @@ void tst_GalleryScrolling::dragOverTheEdges()
 void tst_GalleryScrolling::popupThatForbids()
 {
 #if defined(__SANITIZE_ADDRESS__)
-    QSKIP(kTooSlow);
+    QSKIP(kNotHere);
 #endif
     Gallery gallery(kPage);
-    QVERIFY(gallery.says(kReady));
-    QVERIFY(gallery.arrange(kWindow));
+    QVERIFY(isArranged(gallery));
     gallery.click(QStringLiteral("shelvesButton"));
     QVERIFY(gallery.says(QStringLiteral("popup open shelvesAnchor")));
     const QPoint behind = nearBottom(gallery.area(kView));
