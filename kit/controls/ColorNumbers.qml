@@ -9,6 +9,8 @@ Row {
 
     property Item picker
 
+    readonly property int shown: picker.usesAlpha ? 4 : 3
+
     function pick(component, number) {
         const color = picker.color
         const known = !picker.indeterminate
@@ -42,9 +44,9 @@ Row {
                     root.pick(component, Math.max(0, Math.min(limit, number)))
             }
 
-            width: Math.floor((root.width - 36) / 4)
+            width: Math.floor((root.width - (root.shown - 1) * root.spacing) / root.shown)
             height: 32
-            visible: component < 3 || root.picker.usesAlpha
+            visible: component < root.shown
 
             UiText {
                 id: label
