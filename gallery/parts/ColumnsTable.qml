@@ -1,6 +1,7 @@
 // A small table whose columns are as wide as their handles say.
 //
-// columns: the headings. rows: lists of as many texts.
+// columns: the headings. rows: lists of as many texts. shares: how much of the table each column takes
+//     until it is resized.
 // resized(column, size): a column has got another width.
 import QtQuick 2.15
 import tamber.Ui 1.0
@@ -10,7 +11,8 @@ Rectangle {
 
     property var columns: []
     property var rows: []
-    property var sizes: columns.map(() => 180)
+    property var shares: []
+    property var sizes: shares.map(share => Math.max(minimum, Math.floor(share * width)))
 
     readonly property int minimum: 72
     readonly property int rowHeight: 36
