@@ -19,7 +19,7 @@ Row {
         picker.choose(Qt.rgba(values[0], values[1], values[2], 1), values[3])
     }
 
-    spacing: 12
+    spacing: 8
 
     Repeater {
         model: [
@@ -51,7 +51,7 @@ Row {
             UiText {
                 id: label
 
-                width: 14
+                width: 18
                 height: parent.height
                 color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
                 text: modelData.label
