@@ -274,14 +274,7 @@ void tst_DragZone::handlersThatDestroy()
 {
     QFETCH(QString, signal);
     const QPointer<DragZone> zone(m_zone);
-    const auto destroyIn = [&](const char *name) {
-        if (signal == QLatin1String(name))
-            delete zone;
-    };
-    connect(zone, &DragZone::mousePressed, this, [&] { destroyIn("mousePressed"); });
-    connect(zone, &DragZone::dragActiveChanged, this, [&] { destroyIn("dragActiveChanged"); });
-    connect(zone, &DragZone::dragStarted, this, [&] { destroyIn("dragStarted"); });
-    connect(zone, &DragZone::mouseReleased, this, [&] { destroyIn("mouseReleased"); });
+    on(zone, signal, [&] { delete zone; });
     bool taken = send(QEvent::MouseButtonPress, QPointF(10, 10));
     if (zone)
         taken = send(QEvent::MouseMove, QPointF(90, 10));
