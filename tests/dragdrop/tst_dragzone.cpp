@@ -176,16 +176,23 @@ void tst_DragZone::invalidPayload()
 }
 
 // A button that is up already would never end the platform's drag, and one without a payload has
-// nothing to drop.
+// nothing to drop. A release alone does not keep the gesture from becoming a drag, but what another
+// button drags is another gesture.
 void tst_DragZone::overBeforeTheDrag()
 {
-    for (const bool released : { true, false }) {
+    enum Case { ReleasedBefore, ReleasedAfterwards, NoPayload };
+    for (const Case what : { ReleasedBefore, ReleasedAfterwards, NoPayload }) {
         send(QEvent::MouseButtonPress, QPointF(10, 10));
+        if (what == ReleasedBefore) {
+            QVERIFY(!send(QEvent::MouseButtonRelease, QPointF(10, 10), Qt::NoButton));
+            QVERIFY(!send(QEvent::MouseMove, QPointF(90, 10), Qt::RightButton, Qt::NoButton));
+        }
         QVERIFY(send(QEvent::MouseMove, QPointF(90, 10)));
-        if (released)
+        if (what == ReleasedAfterwards)
             QVERIFY(send(QEvent::MouseButtonRelease, QPointF(90, 10), Qt::NoButton));
-        else
+        else if (what == NoPayload)
             delete m_zone->mimeData();
+        QVERIFY(m_zone->isDragActive());
         m_log.take();
         QCoreApplication::processEvents();
         QCOMPARE(m_log.take(), names({ "dragActiveChanged", "dragEnded" }));
