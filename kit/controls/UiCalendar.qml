@@ -76,6 +76,8 @@ FocusScope {
 
     // Returns whether the key was one of the calendar's.
     function handleKey(event) {
+        if (event.modifiers & (Qt.AltModifier | Qt.ControlModifier | Qt.MetaModifier))
+            return false
         const months = event.modifiers & Qt.ShiftModifier ? 12 : 1
         const from = highlightedDate
         switch (event.key) {
@@ -118,7 +120,7 @@ FocusScope {
     implicitHeight: 40 + 24 + 6 * cellHeight + 8
 
     Accessible.role: Accessible.Table
-    Accessible.name: caption.text
+    Accessible.name: highlightedDate.toLocaleDateString(locale, Locale.LongFormat)
     Accessible.focusable: true
 
     Keys.onPressed: event.accepted = handleKey(event)
@@ -138,7 +140,6 @@ FocusScope {
         x: 4
         y: 4
         activeFocusOnTab: false
-        enabled: root.enabled
         iconName: "back"
         objectName: root.objectName === "" ? "" : root.objectName + "Previous"
         style: Ui.IconOnly
@@ -158,7 +159,7 @@ FocusScope {
         font: UiFonts.getFont(UiFonts.SemiBold, 14)
         horizontalAlignment: Text.AlignHCenter
         text: qsTr("%1 %2").arg(root.locale.standaloneMonthName(root.highlightedDate.getMonth()))
-                           .arg(root.highlightedDate.getFullYear())
+                           .arg(root.highlightedDate.toLocaleDateString(root.locale, "yyyy"))
 
         Accessible.ignored: true
     }

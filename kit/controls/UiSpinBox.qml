@@ -124,7 +124,7 @@ FocusScope {
         rightInset: up.width + unitLoader.width
         text: numbers.displayString
 
-        Accessible.ignored: true
+        Accessible.name: root.placeHolderText
 
         // A value with more digits than are shown stays as it is until something is typed.
         onUpdateRequested: if (newValue !== numbers.displayString) root.pick(numbers.parseNumber(newValue))
