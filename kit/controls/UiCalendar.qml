@@ -207,7 +207,7 @@ FocusScope {
             UiText {
                 width: 24
                 height: root.cellHeight
-                color: UiColors.getColor(UiColors.MediumGrey33)
+                color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
                 font: UiFonts.getFont(UiFonts.Regular, 11)
                 horizontalAlignment: Text.AlignHCenter
                 text: root.weeks.length > index ? Number(root.weeks[index]).toLocaleString(root.locale, "f", 0) : ""
