@@ -70,34 +70,33 @@ bool isComplete(const QImage &image)
 // A value that the property does not have.
 QVariant otherValue(const QObject *object, const QMetaProperty &property)
 {
-    const QVariant value = property.read(object);
-    switch (property.userType()) {
-    case QMetaType::Bool:
-        return !value.toBool();
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return qstrcmp(property.name(), "maximumValue") == 0 ? -2 : 2; // moves the others along
-    case QMetaType::QColor:
-        return QColor(Qt::red);
-    case QMetaType::QString:
-        return QStringLiteral("close");
-    case QMetaType::QUrl:
-        return QUrl::fromLocalFile(QStringLiteral("/nowhere.png"));
-    case QMetaType::QRect:
-        return QRect(1, 2, 3, 4);
-    case QMetaType::QEasingCurve:
-        return QEasingCurve(QEasingCurve::InQuad);
-    default:
-        return property.isEnumType() ? property.enumerator().value(0) : value.toInt() + 1;
+    if (qstrcmp(property.name(), "maximumValue") == 0)
+        return -2.0; // moves the minimum and the value along
+    const QVariant others[] = {
+        2.0,
+        2.0f,
+        true,
+        QColor(Qt::red),
+        QStringLiteral("close"),
+        QUrl::fromLocalFile(QStringLiteral("/nowhere.png")),
+        QRect(1, 2, 3, 4),
+        QEasingCurve(QEasingCurve::InQuad),
+    };
+    for (const QVariant &other : others) {
+        if (other.userType() == property.userType())
+            return other;
     }
+    return property.isEnumType() ? property.enumerator().value(0)
+                                 : property.read(object).toInt() + 1;
 }
 
-template <typename Item>
+// What can be written of what Item has beyond Base.
+template <typename Item, typename Base = QQuickItem>
 QVector<QMetaProperty> ownProperties()
 {
     QVector<QMetaProperty> properties;
     const QMetaObject &type = Item::staticMetaObject;
-    for (int i = QQuickItem::staticMetaObject.propertyCount(); i < type.propertyCount(); ++i) {
+    for (int i = Base::staticMetaObject.propertyCount(); i < type.propertyCount(); ++i) {
         if (type.property(i).isWritable())
             properties.append(type.property(i));
     }
@@ -105,7 +104,7 @@ QVector<QMetaProperty> ownProperties()
 }
 
 // Each property is announced once and shows; where nothing changes nothing is drawn anew.
-template <typename Item>
+template <typename Item, typename Base = QQuickItem>
 void changeProperties()
 {
     Scene scene({});
@@ -113,7 +112,7 @@ void changeProperties()
     item->setSize(QSizeF(60, 40));
     SignalLog log;
     log.watch(item);
-    for (const QMetaProperty &property : ownProperties<Item>()) {
+    for (const QMetaProperty &property : ownProperties<Item, Base>()) {
         const QVariant value = otherValue(item, property);
         for (bool isNew : { true, false }) {
             QVERIFY(scene.waitForFrame());
@@ -164,6 +163,7 @@ void tst_DrawnItems::setters()
     changeProperties<Border>();
     changeProperties<CheckerBoard>();
     changeProperties<Icon>();
+    changeProperties<DefaultSlider, SliderBase>();
 }
 
 // One of each kind.

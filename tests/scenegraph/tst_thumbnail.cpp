@@ -27,6 +27,7 @@ private Q_SLOTS:
     void latestSourceWins();
     void clearedWhileLoading();
     void sizeChanges();
+    void otherScreen();
     void declaredPropertiesLoadOnce();
     void windowClosedWhileLoading();
 
@@ -214,6 +215,21 @@ void tst_Thumbnail::sizeChanges()
     QCOMPARE(board.pixel(QPointF(50, 50)), QColor(Qt::white));
     thumbnail->setWidth(100.6);
     QTRY_COMPARE(board.pixel(QPointF(50, 50)), QColor(Qt::blue));
+}
+
+// Where the same item has more pixels.
+void tst_Thumbnail::otherScreen()
+{
+    struct Access : Thumbnail
+    {
+        using Thumbnail::itemChange;
+    };
+    const ProbeImage probe(folder(), QStringLiteral("screen"), QSize(4000, 3000));
+    Board board({});
+    Thumbnail *thumbnail = board.addThumbnail(probe.url(), QRect(0, 0, 200, 100));
+    QTRY_COMPARE(board.pixel(QPointF(40, 50)), QColor(Qt::red));
+    (thumbnail->*&Access::itemChange)(QQuickItem::ItemDevicePixelRatioHasChanged, 3.0);
+    QTRY_COMPARE(probe.decodedSize(), QSize(400, 300));
 }
 
 // Whatever the order in which they are declared.
