@@ -9,7 +9,7 @@ Page {
 
     property var cards: [
         { id: 1, column: "ideas", title: qsTr("Harbour at dawn"), note: qsTr("Slow pan, 20 seconds"), ink: "ButtonNormalBlue" },
-        { id: 2, column: "ideas", title: qsTr("Interview, second half"), note: qsTr("Needs subtitles"), ink: "WarningYellow" },
+        { id: 2, column: "ideas", title: qsTr("Interview, part 2"), note: qsTr("Needs subtitles"), ink: "WarningYellow" },
         { id: 3, column: "ready", title: qsTr("Weather"), note: qsTr("Every hour"), ink: "SelectionGreen" },
         { id: 4, column: "ready", title: qsTr("Opening titles"), note: qsTr("Final cut"), ink: "ButtonNormalBlue" },
         { id: 5, column: "air", title: qsTr("Morning news"), note: qsTr("Until nine"), ink: "WarningRed" }

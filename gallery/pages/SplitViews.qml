@@ -133,6 +133,7 @@ Page {
                 [qsTr("Night at the museum"), qsTr("Monday"), qsTr("Jonas Ek"), qsTr("Draft")],
                 [qsTr("Members' breakfast"), qsTr("12 May"), qsTr("Maria Lindqvist"), qsTr("Scheduled")]
             ]
+            shares: [0.3, 0.19, 0.25, 0.19]
 
             onResized: root.activity = qsTr("Column %1 is %2 wide").arg(column + 1).arg(size)
         }

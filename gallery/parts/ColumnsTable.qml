@@ -1,6 +1,7 @@
 // A small table whose columns are as wide as their handles say.
 //
 // columns: the headings. rows: lists of as many texts.
+// shares: the parts of the table's width that the columns begin with.
 // resized(column, size): a column has got another width.
 import QtQuick 2.15
 import tamber.Ui 1.0
@@ -10,7 +11,8 @@ Rectangle {
 
     property var columns: []
     property var rows: []
-    property var sizes: columns.map(() => 180)
+    property var shares: columns.map(() => 1 / columns.length)
+    property var sizes: shares.map(share => Math.floor(width * share))
 
     readonly property int minimum: 72
     readonly property int rowHeight: 36
@@ -21,11 +23,12 @@ Rectangle {
         return sizes.slice(0, column).reduce((sum, size) => sum + size, 0)
     }
 
-    // Up to where the table ends.
+    // Up to where the table ends; in one that has become too narrow, columns only shrink.
     function resize(column, wanted) {
-        const rest = xOf(sizes.length) - sizes[column]
-        const size = Math.max(minimum, Math.min(wanted, width - rest))
-        if (size === sizes[column])
+        const now = sizes[column]
+        const room = Math.max(0, width - xOf(sizes.length))
+        const size = Math.max(minimum, Math.min(wanted, now + room))
+        if (size === now)
             return
         sizes = sizes.map((old, index) => index === column ? size : old)
         resized(column, size)

@@ -12,6 +12,9 @@
 using namespace ta::ui;
 using namespace ta::test;
 
+using Act = std::function<void()>;
+Q_DECLARE_METATYPE(Act)
+
 class tst_DragHandle : public TestCase
 {
     Q_OBJECT
@@ -48,8 +51,7 @@ void tst_DragHandle::init()
                        "Item { objectName: 'other' }"));
     m_handle = m_scene->find<DragHandle>("handle");
     m_log.take();
-    m_log.watch(m_handle, { QStringLiteral("dragBegin"), QStringLiteral("dragEnd"),
-                            QStringLiteral("directionChanged") });
+    m_log.watch(m_handle, names({ "dragBegin", "dragEnd", "directionChanged" }));
     m_offsets.clear();
     connect(m_handle, &DragHandle::dragUpdate, this,
             [this](double offset) { m_offsets.append(offset); });
@@ -148,38 +150,34 @@ void tst_DragHandle::keepsTheMouse()
 
 void tst_DragHandle::waysToEnd_data()
 {
-    QTest::addColumn<QString>("way");
+    QTest::addColumn<Act>("end");
     QTest::addColumn<bool>("signalled");
-    for (const char *way : { "release", "ungrab", "disable", "hide", "leave", "another grab" })
-        QTest::newRow(way) << QString::fromLatin1(way) << true;
-    QTest::newRow("destroy") << QStringLiteral("destroy") << false;
-    QTest::newRow("window") << QStringLiteral("window") << true;
+    const auto row = [](const char *name, const Act &end, bool signalled = true) {
+        QTest::newRow(name) << end << signalled;
+    };
+    row("release", [this] { release(m_scene->window(), QPoint(10, 10)); });
+    row("ungrab", [this] { m_handle->ungrabMouse(); });
+    row("disable", [this] { m_handle->setEnabled(false); });
+    row("hide", [this] { m_scene->root()->setVisible(false); });
+    row("leave", [this] { m_handle->setParentItem(nullptr); });
+    row("another grab", [this] {
+        m_handle->setKeepMouseGrab(false);
+        m_scene->find("other")->grabMouse();
+        m_scene->find("other")->ungrabMouse();
+    });
+    row("window", [this] { m_scene->destroyWindow(); });
+    row(
+        "destroy", [this] { delete m_handle; }, false);
 }
 
 void tst_DragHandle::waysToEnd()
 {
-    QFETCH(QString, way);
+    QFETCH(Act, end);
     QFETCH(bool, signalled);
-    auto *root = m_scene->root();
-    const QHash<QString, std::function<void()>> ways = {
-        { QStringLiteral("release"), [&] { release(m_scene->window(), QPoint(10, 10)); } },
-        { QStringLiteral("ungrab"), [&] { m_handle->ungrabMouse(); } },
-        { QStringLiteral("disable"), [&] { m_handle->setEnabled(false); } },
-        { QStringLiteral("hide"), [&] { root->setVisible(false); } },
-        { QStringLiteral("leave"), [&] { m_handle->setParentItem(nullptr); } },
-        { QStringLiteral("another grab"),
-          [&] {
-              m_handle->setKeepMouseGrab(false);
-              m_scene->find("other")->grabMouse();
-              m_scene->find("other")->ungrabMouse();
-          } },
-        { QStringLiteral("destroy"), [&] { delete m_handle; } },
-        { QStringLiteral("window"), [&] { m_scene->destroyWindow(); } },
-    };
     QGuiApplication::setOverrideCursor(Qt::WaitCursor); // somebody else's, from before
     press(m_scene->window(), center(m_handle));
     QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::SizeHorCursor);
-    ways.value(way)();
+    end();
     QVERIFY(QGuiApplication::overrideCursor());
     QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     QGuiApplication::restoreOverrideCursor();
@@ -198,26 +196,17 @@ void tst_DragHandle::waysToEnd()
 
 void tst_DragHandle::handlersThatDestroy_data()
 {
-    QTest::addColumn<int>("signal");
-    QTest::newRow("dragBegin") << 0;
-    QTest::newRow("dragUpdate") << 1;
-    QTest::newRow("dragEnd") << 2;
-    QTest::newRow("directionChanged") << 3;
+    QTest::addColumn<QString>("signal");
+    for (const char *signal : { "dragBegin", "dragUpdate", "dragEnd", "directionChanged" })
+        QTest::newRow(signal) << QString::fromLatin1(signal);
 }
 
 // The handle alone: Qt itself does not survive a window that is destroyed while it delivers a
 // press.
 void tst_DragHandle::handlersThatDestroy()
 {
-    QFETCH(int, signal);
-    const auto destroyIn = [&](int which) {
-        if (which == signal)
-            delete m_handle;
-    };
-    connect(m_handle, &DragHandle::dragBegin, this, [&] { destroyIn(0); });
-    connect(m_handle, &DragHandle::dragUpdate, this, [&] { destroyIn(1); });
-    connect(m_handle, &DragHandle::dragEnd, this, [&] { destroyIn(2); });
-    connect(m_handle, &DragHandle::directionChanged, this, [&] { destroyIn(3); });
+    QFETCH(QString, signal);
+    on(m_handle, signal, [&] { delete m_handle; });
     const QPoint start = center(m_handle);
     m_handle->setDirection(DragHandle::Vertical);
     press(m_scene->window(), start);

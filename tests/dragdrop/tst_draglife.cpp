@@ -10,7 +10,6 @@
 #include <TamberUi/DragZone>
 #include <TamberUi/JsonMimeData>
 
-#include <QtCore/QJsonDocument>
 #include <QtCore/QMimeData>
 #include <QtGui/QCursor>
 #include <QtQml/QQmlContext>
@@ -20,12 +19,15 @@
 using namespace ta::ui;
 using namespace ta::test;
 
+using Act = std::function<void()>;
+Q_DECLARE_METATYPE(Act)
+
 namespace {
 
-// A drag item whose hotspot is its middle, what it shows, and an area that takes drops.
+// A drag item whose hotspot is its middle, what it shows, and a zone that takes drops.
 const QString kScene = QStringLiteral(R"(
     id: root
-    property string dropped: ""
+    property var dropped
     property var modifiers: []
     property Component marker: Component {
         Rectangle {
@@ -46,9 +48,11 @@ const QString kScene = QStringLiteral(R"(
         }
     }
     function makeZone(parent) { scriptZone.createObject(parent, { objectName: "scriptZone" }) }
-    DropArea {
+    UiDropZone {
+        objectName: "target"
         x: 400; y: 100; width: 100; height: 100
-        onDropped: { root.dropped = drop.getDataAsString("application/x-card"); drop.accept() }
+        onDrop: root.dropped = [data.id, dragSource]
+        UiMimeDropHandler { acceptedMimeTypes: "application/x-card" }
     }
 )");
 
@@ -79,7 +83,7 @@ public:
         setSize(QSizeF(100, 100));
         setAcceptedMouseButtons(Qt::LeftButton);
     }
-    std::function<void()> ungrabbed = [] {};
+    Act ungrabbed = [] {};
     int presses = 0;
 
 protected:
@@ -92,7 +96,7 @@ class ProbeData : public JsonMimeData
 {
 public:
     explicit ProbeData(QObject *parent) : JsonMimeData(parent) {}
-    std::function<void()> asked = [] {};
+    Act asked = [] {};
     QMimeData *createMimeData() const override
     {
         QMimeData *data = JsonMimeData::createMimeData();
@@ -102,7 +106,7 @@ public:
 };
 
 // Hooks of the tests in what runs inside a drag, in C++: a QML handler must not destroy its object.
-std::function<void()> s_created = [] {};
+Act s_created = [] {};
 
 class ProbeMarker : public QQuickItem
 {
@@ -113,24 +117,6 @@ protected:
     {
         QQuickItem::componentComplete();
         s_created();
-    }
-};
-
-class ProbeTarget : public QQuickItem
-{
-public:
-    explicit ProbeTarget(QQuickItem *parent) : QQuickItem(parent)
-    {
-        setFlag(ItemAcceptsDrops);
-        setSize(QSizeF(800, 600));
-    }
-    std::function<void()> entered = [] {};
-
-protected:
-    void dragEnterEvent(QDragEnterEvent *event) override
-    {
-        event->accept();
-        entered();
     }
 };
 
@@ -264,8 +250,9 @@ void tst_DragLife::drop()
                                  QStringLiteral("440 145") }));
     QCOMPARE(m_log.entries(),
              names({ "dragActiveChanged", "dragStarted", "dragActiveChanged", "dragEnded" }));
-    const QByteArray dropped = place()->property("dropped").toByteArray();
-    QCOMPARE(QJsonDocument::fromJson(dropped).object().value(QLatin1String("id")).toInt(), 7);
+    const auto dropped = place()->property("dropped").value<QJSValue>();
+    QCOMPARE(dropped.property(0).toInt(), 7);
+    QCOMPARE(dropped.property(1).toQObject(), m_zone.data());
     QVERIFY(!m_zone->isDragActive());
     QCOMPARE(m_zone->QObject::parent(), m_scene->find("parent"));
 
@@ -293,66 +280,55 @@ void tst_DragLife::modifiers()
 
 void tst_DragLife::waysToEnd_data()
 {
-    QTest::addColumn<QString>("way");
+    QTest::addColumn<Act>("end");
     QTest::addColumn<bool>("lives");
-    for (const char *way : { "release", "escape", "window hides", "window closes",
-                             "payload destroyed", "delegate destroyed", "ungrab", "disable",
-                             "drag item destroyed", "other payload", "leaves the window" })
-        QTest::newRow(way) << QString::fromLatin1(way) << true;
-    for (const char *way :
-         { "told to go", "destroyed", "parent destroyed", "window destroyed", "all at once" })
-        QTest::newRow(way) << QString::fromLatin1(way) << false;
+    const auto row = [](const char *name, bool lives, const Act &end) {
+        QTest::newRow(name) << end << lives;
+    };
+    row("release", true, [this] { release(m_scene->window(), kNowhere); });
+    row("escape", true, [this] { QTest::keyClick(m_scene->window(), Qt::Key_Escape); });
+    row("window hides", true, [this] { m_scene->window()->hide(); });
+    row("window closes", true, [this] { m_scene->window()->close(); });
+    row("payload destroyed", true, [this] { delete m_zone->mimeData(); });
+    row("delegate destroyed", true, [this] { delete m_zone->dragDelegate(); });
+    // These do not end it.
+    row("ungrab", true, [this] {
+        m_zone->ungrabMouse();
+        dropAt(kNowhere);
+    });
+    row("disable", true, [this] {
+        m_zone->setEnabled(false);
+        m_zone->setDragEnabled(false);
+        dropAt(kNowhere);
+    });
+    row("drag item destroyed", true, [this] {
+        delete m_scene->find("marker");
+        dropAt(kNowhere);
+    });
+    row("other payload", true, [this] {
+        m_zone->setMimeData(nullptr);
+        m_zone->setDragDelegate(nullptr);
+        dropAt(kNowhere);
+    });
+    row("leaves the window", true, [this] {
+        m_zone->setParentItem(nullptr);
+        dropAt(kNowhere);
+    });
+    row("told to go", false, [this] { m_zone->deleteLater(); });
+    row("destroyed", false, [this] { delete m_zone; });
+    row("parent destroyed", false, [this] { delete m_scene->find("parent"); });
+    row("window destroyed", false, [this] { m_scene->destroyWindow(); });
+    row("all at once", false, [this] { m_scene.reset(); });
 }
 
 void tst_DragLife::waysToEnd()
 {
-    QFETCH(QString, way);
+    QFETCH(Act, end);
     QFETCH(bool, lives);
-    JsonMimeData other;
-    const QHash<QString, std::function<void()>> ways = {
-        { QStringLiteral("release"), [&] { release(m_scene->window(), kNowhere); } },
-        { QStringLiteral("escape"), [&] { QTest::keyClick(m_scene->window(), Qt::Key_Escape); } },
-        { QStringLiteral("window hides"), [&] { m_scene->window()->hide(); } },
-        { QStringLiteral("window closes"), [&] { m_scene->window()->close(); } },
-        { QStringLiteral("payload destroyed"), [&] { delete m_zone->mimeData(); } },
-        { QStringLiteral("delegate destroyed"), [&] { delete m_zone->dragDelegate(); } },
-        { QStringLiteral("ungrab"),
-          [&] {
-              m_zone->ungrabMouse();
-              dropAt(kNowhere);
-          } },
-        { QStringLiteral("disable"),
-          [&] {
-              m_zone->setEnabled(false);
-              m_zone->setDragEnabled(false);
-              dropAt(kNowhere);
-          } },
-        { QStringLiteral("drag item destroyed"),
-          [&] {
-              delete m_scene->find("marker");
-              dropAt(kNowhere);
-          } },
-        { QStringLiteral("other payload"),
-          [&] {
-              m_zone->setMimeData(&other);
-              m_zone->setDragDelegate(nullptr);
-              dropAt(kNowhere);
-          } },
-        { QStringLiteral("leaves the window"),
-          [&] {
-              m_zone->setParentItem(nullptr);
-              dropAt(kNowhere);
-          } },
-        { QStringLiteral("told to go"), [&] { m_zone->deleteLater(); } },
-        { QStringLiteral("destroyed"), [&] { delete m_zone; } },
-        { QStringLiteral("parent destroyed"), [&] { delete m_scene->find("parent"); } },
-        { QStringLiteral("window destroyed"), [&] { m_scene->destroyWindow(); } },
-        { QStringLiteral("all at once"), [&] { m_scene.reset(); } },
-    };
-    QVERIFY(runDrag({ [&] { moveTo(kNowhere); }, ways.value(way) }));
+    QVERIFY(runDrag({ [&] { moveTo(kNowhere); }, end }));
     const QStringList signalled = names(
         { "dragActiveChanged", "dragStarted", "dragActiveChanged", "dragEnded" });
-    if (way == QLatin1String("destroyed")) {
+    if (qstrcmp(QTest::currentDataTag(), "destroyed") == 0) {
         QCOMPARE(m_log.take(), signalled.mid(0, 2));
     } else {
         QCOMPARE(m_log.entries(), signalled);
@@ -365,20 +341,28 @@ void tst_DragLife::waysToEnd()
 
 void tst_DragLife::handlersThatDestroy_data()
 {
-    QTest::addColumn<QString>("victim");
+    QTest::addColumn<Act>("destroy");
     QTest::addColumn<QString>("moment");
-    for (const char *victim : { "zone", "parent", "window", "payload", "delegate", "item" }) {
+    const std::pair<const char *, Act> victims[] = {
+        { "zone", [this] { delete m_zone; } },
+        { "parent", [this] { delete m_scene->find("parent"); } },
+        { "window", [this] { m_scene->destroyWindow(); } },
+        { "payload", [this] { delete m_zone->mimeData(); } },
+        { "delegate", [this] { delete m_zone->dragDelegate(); } },
+        { "item", [this] { delete m_scene->find("marker"); } },
+    };
+    // Qt does not survive a window that goes while it moves the mouse grab or is told of a drag,
+    // nor does it like a component to go while it creates; and there is no item before it is
+    // created.
+    const QByteArrayList impossible = { "window in ungrab",  "window in modifiers",
+                                        "window in entered", "delegate in created",
+                                        "item in ungrab",    "item in data" };
+    for (const auto &victim : victims) {
         for (const char *moment :
              { "ungrab", "data", "created", "modifiers", "entered", "inactive", "ended" }) {
-            // Qt does not survive a window that goes while it moves the mouse grab or is told of a
-            // drag, nor does it like a component to go while it creates; and there is no item
-            // before it is created.
-            const QByteArray row = QByteArray(victim) + " in " + moment;
-            if (row == "window in ungrab" || row == "window in modifiers"
-                || row == "window in entered" || row == "delegate in created"
-                || row == "item in ungrab" || row == "item in data")
-                continue;
-            QTest::newRow(row) << QString::fromLatin1(victim) << QString::fromLatin1(moment);
+            const QByteArray row = QByteArray(victim.first) + " in " + moment;
+            if (!impossible.contains(row))
+                QTest::newRow(row) << victim.second << QString::fromLatin1(moment);
         }
     }
 }
@@ -386,9 +370,8 @@ void tst_DragLife::handlersThatDestroy_data()
 // Handlers that run inside the drag and destroy something that it has to do with.
 void tst_DragLife::handlersThatDestroy()
 {
-    QFETCH(QString, victim);
+    QFETCH(Act, destroy);
     QFETCH(QString, moment);
-    const QPointer<DragZone> zone(m_zone);
     auto *data = new ProbeData(this);
     data->setMimeType(QStringLiteral("application/x-card"));
     data->setValue({ { QStringLiteral("id"), 7 } });
@@ -396,49 +379,34 @@ void tst_DragLife::handlersThatDestroy()
     QPointer<QQmlComponent> delegate = new QQmlComponent(&m_scene->engine());
     delegate->setData("import Probe 1.0; ProbeMarker { objectName: 'marker' }", QUrl());
     m_zone->setDragDelegate(delegate);
-    auto *target = new ProbeTarget(place());
     bool done = false;
     bool outright = false; // the zone was destroyed, and so tells nothing more
     const auto destroyIn = [&](const char *where) {
         if (moment != QLatin1String(where) || std::exchange(done, true))
             return;
-        if (victim == QLatin1String("zone"))
-            delete zone;
-        else if (victim == QLatin1String("parent"))
-            delete m_scene->find("parent");
-        else if (victim == QLatin1String("window"))
-            m_scene->destroyWindow();
-        else if (victim == QLatin1String("payload"))
-            delete zone->mimeData();
-        else if (victim == QLatin1String("delegate"))
-            delete zone->dragDelegate();
-        else
-            delete m_scene->find("marker");
-        outright = !zone;
+        destroy();
+        outright = !m_zone;
     };
     m_area->ungrabbed = [&] { destroyIn("ungrab"); };
     data->asked = [&] { destroyIn("data"); };
     s_created = [&] { destroyIn("created"); };
-    target->entered = [&] { destroyIn("entered"); };
-    connect(zone, &DragZone::dragActiveChanged, &m_log, [&] {
-        if (!zone->isDragActive())
-            destroyIn("inactive");
-    });
-    connect(zone, &DragZone::dragEnded, &m_log, [&] { destroyIn("ended"); });
-    const DuringDrag drag(zone, { [&] {
-                                     const auto *marker = m_scene->find("marker");
-                                     if (!marker)
-                                         return;
-                                     connect(marker->findChild<DragZoneAttachedObject *>(),
-                                             &DragZoneAttachedObject::modifiersChanged, &m_log,
-                                             [&] { destroyIn("modifiers"); });
-                                 },
-                                  [&] { moveTo(kNowhere, Qt::ShiftModifier); },
-                                  [&] { dropAt(kTarget); } });
+    on(m_scene->find("target"), QStringLiteral("dragEnter"), [&] { destroyIn("entered"); });
+    on(
+        m_zone, QStringLiteral("dragActiveChanged"), [&] { destroyIn("inactive"); }, 2);
+    on(m_zone, QStringLiteral("dragEnded"), [&] { destroyIn("ended"); });
+    const auto watchModifiers = [&] {
+        const auto *marker = m_scene->find("marker");
+        if (marker)
+            on(marker->findChild<DragZoneAttachedObject *>(), QStringLiteral("modifiersChanged"),
+               [&] { destroyIn("modifiers"); });
+    };
+    const DuringDrag drag(QPointer<DragZone>(m_zone),
+                          { watchModifiers, [&] { moveTo(kNowhere, Qt::ShiftModifier); },
+                            [&] { dropAt(kTarget); } });
     begin();
     s_created = [] {};
     QVERIFY(done);
-    QVERIFY(!zone || !zone->isDragActive());
+    QVERIFY(!m_zone || !m_zone->isDragActive());
     delete delegate;
     if (outright)
         m_log.take();

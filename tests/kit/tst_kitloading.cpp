@@ -155,6 +155,17 @@ void tst_KitLoading::group()
     QTest::keyClick(scene.window(), Qt::Key_Tab);
     QVERIFY(inside->hasActiveFocus());
 
+    // Assistive tools cannot do what nobody can.
+    QAccessibleInterface *title = QAccessible::queryAccessibleInterface(group)->child(0);
+    const auto pressTitle = [&] {
+        title->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        return log.take().count();
+    };
+    group->setEnabled(false);
+    QCOMPARE(pressTitle(), 0);
+    group->setEnabled(true);
+    QCOMPARE(pressTitle(), 1);
+
     // One that does not fold is open, whatever it says.
     group->setProperty("collapsed", true);
     group->setProperty("collapsible", false);

@@ -12,8 +12,8 @@
     children of motifs/<size>.svg.
 
     A badge cuts a gap out of what lies under it. Two comments on lines of their own split the
-   source in three parts: what stands between \c{<!-- cut -->} and \c{<!-- over -->} erases what was
-   drawn before it, and what follows is drawn on top.
+    source in three parts: what stands between \c{<!-- cut -->} and \c{<!-- over -->} erases what
+    was drawn before it, and what follows is drawn on top.
 */
 class Glyph
 {

@@ -1,10 +1,12 @@
 /*
     Draws the icon atlases from the glyphs' sources.
 
-        tamberui-iconatlas draw  SOURCES OUTPUT                        atlases and tables
-        tamberui-iconatlas check SOURCES OUTPUT                        are they what the sources
-   draw? tamberui-iconatlas sheet SOURCES SIZE PICTURE [NAME...]        glyphs for judging, all or
-   some
+        tamberui-iconatlas draw  SOURCES OUTPUT
+            draws the atlases and writes the tables
+        tamberui-iconatlas check SOURCES OUTPUT
+            asks whether they are what the sources draw
+        tamberui-iconatlas sheet SOURCES SIZE PICTURE [NAME...]
+            draws glyphs for judging, all or some
 */
 
 #include "atlas.h"

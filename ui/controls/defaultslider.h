@@ -10,13 +10,13 @@ class DefaultSliderPrivate;
 
 /*!
     A slider with a look: a thin track, a bar for the handle and, on request, a bar that leads from
-   an origin to the value. Drawn straight into the scene graph, without any QML.
+    an origin to the value. Drawn straight into the scene graph, without any QML.
 
     100 x 20 pixels with a margin of 3 where nothing else is said. Edges are soft when the item's
     \c antialiasing is on.
 
     A change of the range or of the curve that leaves the value as it is shows with the next change
-   of something that is drawn.
+    of something that is drawn.
 
     QML: \c UiDefaultSlider.
 */

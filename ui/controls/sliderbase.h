@@ -16,7 +16,7 @@ class SliderBasePrivate;
 
     The left mouse button drags the value along the pointer; the middle button resets it. An easing
     curve lets equal distances stand for unequal steps of the value; \l normalizedValue leads back
-   to the place of the handle. It draws nothing and knows neither keys nor wheel.
+    to the place of the handle. It draws nothing and knows neither keys nor wheel.
 
     Each bound that is set drags along the other one and the value. In a QML document the order does
     not matter: what it says about the value holds once all of it is read.

@@ -25,7 +25,7 @@ struct SliderRange
     \a margin pixels away from either end.
 
     The track is at least one pixel wide. Left and right of it, the value is that of its ends.
-   Always in the range, unless the curve says NaN.
+    Always in the range, unless the curve says NaN.
 */
 TAMBERUI_PRIVATE_EXPORT double sliderValueAt(double x, double width, int margin,
                                              const SliderRange &range, const QEasingCurve &easing);

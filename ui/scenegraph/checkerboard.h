@@ -13,7 +13,7 @@ class CheckerBoardPrivate;
 
 /*!
     Squares of two colours in turn, which fill the item: the usual ground behind what is
-   translucent.
+    translucent.
 
     The squares measure the same on the screen whatever the item's size, scale and rotation, and
     they move with the item's top-left corner.

@@ -15,8 +15,8 @@ class IconPrivate;
     Draws a named glyph of the library's icon sets.
 
     The glyph measures \l iconSize logical pixels and sits at the item's top-left corner, whatever
-   the item's own size. A name that the set does not hold draws nothing. On screens of more than 1.1
-    device pixels to a logical one, it comes from a set that was drawn at twice the size.
+    the item's own size. A name that the set does not hold draws nothing. On screens of more than
+    1.1 device pixels to a logical one, it comes from a set that was drawn at twice the size.
 
     QML: \c UiIcon.
 */

@@ -96,7 +96,7 @@ const IconAtlas &iconAtlas_32_2x()
 
 int iconAtlasKey(int size, double devicePixelRatio)
 {
-    return devicePixelRatio > 1.1 ? size + kTwice : size;
+    return devicePixelRatio > 1.1 ? size | kTwice : size;
 }
 
 const IconAtlas &getAtlas(int size, double devicePixelRatio)
@@ -108,11 +108,11 @@ const IconAtlas &getAtlas(int size, double devicePixelRatio)
         return iconAtlas_24();
     case 32:
         return iconAtlas_32();
-    case 16 + kTwice:
+    case 16 | kTwice:
         return iconAtlas_16_2x();
-    case 24 + kTwice:
+    case 24 | kTwice:
         return iconAtlas_24_2x();
-    case 32 + kTwice:
+    case 32 | kTwice:
         return iconAtlas_32_2x();
     default:
         qCWarning(lcUi) << "Unsupported atlas size" << size;
