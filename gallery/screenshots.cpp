@@ -65,6 +65,8 @@ bool takeScreenshots(QQuickWindow *window, const QString &folder)
 {
     if (!makeFolder(folder))
         return false;
+    // What happens to lie under the pointer is to look like the rest.
+    window->setFlag(Qt::WindowTransparentForInput);
     bool complete = true;
     const QStringList names = pages::names();
     for (const QString &name : names) {

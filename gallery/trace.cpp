@@ -157,7 +157,11 @@ void Trace::follow(QQuickItem *item)
     } else if (auto *slider = qobject_cast<SliderBase *>(item)) {
         connect(slider, &SliderBase::valueChanged, this, &Trace::tellValue, Qt::UniqueConnection);
     } else if (auto *zone = qobject_cast<DropZone *>(item)) {
-        connect(zone, &DropZone::dragEnter, this, &Trace::tellDragOver, Qt::UniqueConnection);
+        // A row that a list scrolls under the pointer takes a drag before a frame has shown it.
+        const bool isNew = connect(zone, &DropZone::dragEnter, this, &Trace::tellDragOver,
+                                   Qt::UniqueConnection);
+        if (isNew && zone->containsDrag())
+            tell(QLatin1String("drag over ") + zone->objectName());
         connect(zone, &DropZone::dragExit, this, &Trace::tellDragOff, Qt::UniqueConnection);
         connect(zone, &DropZone::drop, this, &Trace::tellDrop, Qt::UniqueConnection);
     }

@@ -117,16 +117,11 @@ void registerPublic(const char *uri)
     qmlRegisterType<VideoDropHandler>(uri, major, minor, "UiVideoDropHandler");
 
     for (const char *control : {
-             "UiCalendar",    "UiCheckBox",    "UiColorButton",  "UiColorPicker",
-             "UiComboBox",    "UiDateField",   "UiGroup",        "UiHorizontalSeparator",
-             "UiInfoTip",     "UiLineEdit",    "UiListDelegate", "UiLoadIndicator",
-             "UiMessageBox",  "UiProgressBar", "UiPushButton",   "UiSlider",
-             "UiSpinBox",     "UiSplitter",    "UiText",         "UiToolButton",
-             "UiCalendar",    "UiCheckBox",    "UiColorButton",  "UiColorPicker",
-             "UiComboBox",    "UiDateField",   "UiGroup",        "UiHorizontalSeparator",
-             "UiInfoTip",     "UiLineEdit",    "UiListDelegate", "UiLoadIndicator",
-             "UiProgressBar", "UiMessageBox",  "UiPushButton",   "UiSlider",
-             "UiSpinBox",     "UiSplitter",    "UiText",         "UiToolButton",
+             "UiCalendar",   "UiCheckBox",    "UiColorButton",  "UiColorPicker",
+             "UiComboBox",   "UiDateField",   "UiGroup",        "UiHorizontalSeparator",
+             "UiInfoTip",    "UiLineEdit",    "UiListDelegate", "UiLoadIndicator",
+             "UiMessageBox", "UiProgressBar", "UiPushButton",   "UiSlider",
+             "UiSpinBox",    "UiSplitter",    "UiText",         "UiToolButton",
          }) {
         const QUrl url(QLatin1String("qrc:/tamber/Ui/") + QLatin1String(control)
                        + QLatin1String(".qml"));

@@ -131,6 +131,7 @@ Page {
                     id: busy
 
                     anchors.verticalCenter: parent.verticalCenter
+                    checked: true
                     objectName: "busyCheckBox"
                     text: qsTr("Busy")
                 }

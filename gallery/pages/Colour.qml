@@ -8,7 +8,7 @@ import "../parts"
 Page {
     id: root
 
-    property string activity: qsTr("Choose a colour: from a palette, by mixing, by its numbers, or from this window.")
+    property string activity: ""
 
     // What the host of the second picker has agreed to.
     property color agreed: UiColors.getColor(UiColors.HoverGreen)
@@ -30,16 +30,16 @@ Page {
 
     Card {
         title: qsTr("Colour picker")
-        summary: qsTr("The left one keeps what is chosen. The right one is bindable: it asks, and its host makes every colour a light one.")
+        summary: qsTr("The first one keeps what is chosen. The second one is bindable: it asks, and its host makes every colour a light one.")
 
         Grid {
             columnSpacing: 48
             columns: root.columnWidth < 313 ? 1 : 2
-            rowSpacing: 24
+            rowSpacing: 40
 
             Item {
                 width: root.columnWidth
-                height: Math.max(ownPicker.height, hostPicker.height)
+                height: ownPicker.height
 
                 UiColorPicker {
                     id: ownPicker
@@ -48,7 +48,10 @@ Page {
 
                     onColorChanged: root.activity = qsTr("The picker has %1%2").arg(root.nameOf(color)).arg(hasCustomColor ? qsTr(", a colour of no palette") : "")
 
-                    Component.onCompleted: updateColor(UiColors.getColor(UiColors.DarkerBlueGrey))
+                    Component.onCompleted: {
+                        updateColor(UiColors.getColor(UiColors.DarkerBlueGrey))
+                        root.activity = qsTr("Choose a colour: from a palette, by mixing, by its numbers, or from this window.")
+                    }
                 }
             }
 

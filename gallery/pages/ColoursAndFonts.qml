@@ -9,7 +9,7 @@ Page {
 
     Card {
         title: qsTr("Blues")
-        summary: qsTr("Actions, links and the focus")
+        summary: qsTr("Actions, links and the focus.")
 
         Swatches {
             names: ["ButtonNormalBlue", "ButtonHoverBlue", "ButtonPressBlue", "LinkPressBlue",
@@ -19,7 +19,7 @@ Page {
 
     Card {
         title: qsTr("Greens and signals")
-        summary: qsTr("What is selected, what is under the pointer, what needs attention")
+        summary: qsTr("What is selected, what is under the pointer, what needs attention.")
 
         Swatches {
             names: ["HoverGreen", "SelectionGreen", "InactiveSelectionGreen", "DarkerHoverGreen",
@@ -29,7 +29,7 @@ Page {
 
     Card {
         title: qsTr("Greys")
-        summary: qsTr("From the ground of a screen to its text")
+        summary: qsTr("From the ground of a screen to its text.")
 
         Swatches {
             names: ["White", "TimeTableHover", "HeaderGrey4", "DeviceColumnGrey6",
@@ -41,7 +41,7 @@ Page {
 
     Card {
         title: qsTr("Content")
-        summary: qsTr("Previews, diagrams, schedules and what has no content yet")
+        summary: qsTr("Previews, diagrams, schedules and what has no content yet.")
 
         Swatches {
             names: ["DialogPreviewGrey", "EmptyImageBox", "EmptyImageBoxPress",

@@ -82,6 +82,7 @@ FocusScope {
                     UiText {
                         width: parent.width
                         color: UiColors.getColor(UiColors.MediumGrey45)
+                        lineHeight: 1.2
                         text: root.summary
                         wrapMode: Text.Wrap
                     }

@@ -71,6 +71,7 @@ Item {
 
         UiCheckerBoard {
             anchors.fill: parent
+            anchors.margins: 1
             primaryColor: UiColors.getColor(UiColors.White)
             secondaryColor: UiColors.getColor(UiColors.ControlGrey20)
             tileSize: 5

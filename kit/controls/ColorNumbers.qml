@@ -9,6 +9,8 @@ Row {
 
     property Item picker
 
+    readonly property int shown: picker.usesAlpha ? 4 : 3
+
     function pick(component, number) {
         const color = picker.color
         const known = !picker.indeterminate
@@ -17,7 +19,7 @@ Row {
         picker.choose(Qt.rgba(values[0], values[1], values[2], 1), values[3])
     }
 
-    spacing: 12
+    spacing: 8
 
     Repeater {
         model: [
@@ -42,14 +44,14 @@ Row {
                     root.pick(component, Math.max(0, Math.min(limit, number)))
             }
 
-            width: Math.floor((root.width - 36) / 4)
+            width: Math.floor((root.width - (root.shown - 1) * root.spacing) / root.shown)
             height: 32
-            visible: component < 3 || root.picker.usesAlpha
+            visible: component < root.shown
 
             UiText {
                 id: label
 
-                width: 14
+                width: 18
                 height: parent.height
                 color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
                 text: modelData.label
@@ -60,6 +62,7 @@ Row {
             UiLineEdit {
                 anchors.left: label.right
                 anchors.right: parent.right
+                accessibleName: modelData.name
                 bindable: true
                 inputMethodHints: Qt.ImhDigitsOnly
                 maximumLength: 3
@@ -69,8 +72,6 @@ Row {
                     bottom: 0
                     top: entry.limit
                 }
-
-                Accessible.name: modelData.name
 
                 Keys.onDownPressed: entry.enter(entry.value - 1)
                 Keys.onUpPressed: entry.enter(entry.value + 1)

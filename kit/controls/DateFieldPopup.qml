@@ -12,6 +12,13 @@ FocusScope {
     width: implicitWidth
     opacity: enabled ? 1 : 0
 
+    Keys.onPressed: {
+        const altOnly = event.modifiers & Qt.AltModifier
+        event.accepted = event.key === (altOnly ? Qt.Key_Up : Qt.Key_F4)
+        if (event.accepted)
+            field.hide()
+    }
+
     onEnabledChanged: {
         if (!enabled)
             return

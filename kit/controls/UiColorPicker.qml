@@ -53,6 +53,7 @@ UiColorPickerBase {
                 height: 32
                 indeterminate: root.indeterminate
                 objectName: "colorPreview"
+                opacity: enabled ? 1 : 0.4
                 value: root.color
             }
 

@@ -5,7 +5,7 @@
 // format: how the day is written, see Date.toLocaleDateString(). Locale.ShortFormat by default.
 // activated(day): the user chose a day, be it the one that was chosen before.
 // Keys: Space, Return, Enter, F4, Down and Alt+Down open the calendar, whose keys are those of
-//     UiCalendar; Escape closes it.
+//     UiCalendar; Escape, F4 and Alt+Up close it.
 import QtQuick 2.15
 import tamber.Ui 1.0
 import tamber.Ui.Private 1.0

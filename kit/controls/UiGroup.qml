@@ -52,7 +52,7 @@ Item {
         Accessible.name: root.title
         Accessible.focusable: root.collapsible
         Accessible.ignored: !root.collapsible
-        Accessible.onPressAction: root.setCollapsed(!root.collapsed)
+        Accessible.onPressAction: if (enabled) root.setCollapsed(!root.collapsed)
 
         Keys.onPressed: {
             event.accepted = event.key === Qt.Key_Left || event.key === Qt.Key_Right

@@ -8,6 +8,8 @@
 // error: marks the field as wrong. False by default.
 // invalid: whether it is marked, for that reason or because the validator does not accept what is
 //     typed. An empty field is not marked by the validator.
+// accessibleName: what the field is about, for assistive tools, which see the text input in it and so
+//     what is typed. The placeholder by default.
 // leftInset, rightInset: room for what a control puts beside the text. 0 by default.
 // bindable, empty, hovered, textInput, selectAll(), editText(), updateRequested(newValue),
 //     editingFinished(), returnPressed(): see UiLineEditBase.
@@ -19,6 +21,7 @@ import tamber.Ui.Private 1.0
 UiLineEditBase {
     id: root
 
+    property string accessibleName: placeHolderText
     property alias echoMode: input.echoMode
     property bool error: false
     property alias horizontalAlignment: input.horizontalAlignment
@@ -37,10 +40,6 @@ UiLineEditBase {
     implicitHeight: 32
     textInput: input
 
-    Accessible.role: Accessible.EditableText
-    Accessible.name: placeHolderText
-    Accessible.readOnly: readOnly
-    Accessible.passwordEdit: echoMode !== TextInput.Normal
 
     // The text may have come before the item that shows it.
     onTextInputChanged: if (textInput === input) input.text = text
@@ -100,6 +99,10 @@ UiLineEditBase {
         selectedTextColor: UiColors.getColor(UiColors.Black)
         selectionColor: UiColors.getColor(UiColors.SelectionGreen)
         verticalAlignment: TextInput.AlignVCenter
+
+        Accessible.role: Accessible.EditableText
+        Accessible.name: root.accessibleName
+        Accessible.readOnly: readOnly
 
         // A long text that the host writes is seen from its beginning.
         onTextChanged: if (!activeFocus) cursorPosition = 0

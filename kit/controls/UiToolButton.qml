@@ -30,7 +30,8 @@ UiToolButtonBase {
 
     Rectangle {
         anchors.fill: parent
-        color: root.pressed || root.down ? UiColors.getColor(UiColors.SelectionGreen)
+        color: root.pressed || root.down ? UiColors.getColor(root.enabled ? UiColors.SelectionGreen
+                                                                          : UiColors.DisabledLightGrey13)
              : root.hovered ? UiColors.getColor(UiColors.HoverGreen)
              : UiColors.getColor(UiColors.HoverGreen, 0)
         radius: 3

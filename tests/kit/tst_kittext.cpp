@@ -7,6 +7,7 @@
 #include <TamberUi/PopupStack>
 
 #include <QtCore/QDateTime>
+#include <QtGui/QAccessible>
 
 #include <ctime>
 
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void initTestCase();
     void cleanup();
     void lineEditPointer();
+    void lineEditAccessibility();
     void spinBoxKeys();
     void spinBoxTyping_data();
     void spinBoxTyping();
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void spinBoxBindable();
     void calendarKeys();
     void calendarInTimeZones();
+    void calendarInItsLanguage();
     void calendarBadDates();
     void dateField();
 };
@@ -106,6 +109,23 @@ void tst_KitText::lineEditPointer()
     move(scene.window(), QPoint(250, 116));
     release(scene.window(), QPoint(250, 116));
     QCOMPARE(input->property("selectedText").toString(), QStringLiteral("some words"));
+}
+
+// Assistive tools read what is typed, and say what for.
+void tst_KitText::lineEditAccessibility()
+{
+    Control scene("UiLineEdit", "text: 'stored'; placeHolderText: 'Name'");
+    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(scene.window())->child(0);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    QVERIFY(seen->state().focused);
+    QCOMPARE(seen->textInterface()->characterCount(), 6);
+    QTest::keyClick(scene.window(), Qt::Key_End);
+    type(scene.window(), QStringLiteral("typed"));
+    QCOMPARE(seen->text(QAccessible::Value), QStringLiteral("storedtyped"));
+    QCOMPARE(seen->textInterface()->cursorPosition(), 11);
+    scene.item->setProperty("echoMode", 2); // a password
+    QVERIFY(seen->state().passwordEdit);
+    QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Name"));
 }
 
 void tst_KitText::spinBoxKeys()
@@ -249,6 +269,7 @@ void tst_KitText::calendarKeys()
         { january, Qt::Key_PageDown, QDate(2024, 2, 29) },
         { QDate(2024, 2, 29), Qt::Key_PageDown, QDate(2025, 2, 28), Qt::ShiftModifier },
         { QDate(100, 1, 1), Qt::Key_Left, QDate(99, 12, 31) },
+        { january, Qt::Key_Left, january, Qt::AltModifier }, // not the calendar's
     };
     for (const auto &row : rows) {
         scene.item->setProperty("date", QDateTime(row.from, QTime(0, 0)));
@@ -278,6 +299,26 @@ void tst_KitText::calendarInTimeZones()
             click(scene.window(), center(day));
             QCOMPARE(scene.date(), first.addDays(cell));
         }
+    }
+}
+
+// Digits, names that fit, and what assistive tools say of the day that the keys have reached.
+void tst_KitText::calendarInItsLanguage()
+{
+    const QLocale arabic(QStringLiteral("ar_EG"));
+    QLocale::setDefault(arabic);
+    const QDate day(2024, 1, 31);
+    Control scene("UiCalendar", "date: new Date(2024, 0, 31)");
+    QStringList texts;
+    for (const QQuickItem *child : scene.item->childItems())
+        texts.append(child->property("text").toString());
+    QVERIFY(texts.contains(arabic.standaloneMonthName(1) + QLatin1Char(' ')
+                           + arabic.toString(day, QStringLiteral("yyyy"))));
+    QCOMPARE(QAccessible::queryAccessibleInterface(scene.item)->text(QAccessible::Name),
+             arabic.toString(day, QLocale::LongFormat));
+    for (const QQuickItem *row : scene.item->childItems()) {
+        for (const QQuickItem *text : row->childItems())
+            QVERIFY(text->implicitWidth() <= text->width());
     }
 }
 
@@ -318,6 +359,12 @@ void tst_KitText::dateField()
         QVERIFY(!PopupStack::top());
         QCOMPARE(scene.date(), before.addDays(1));
         QCOMPARE(log.take(), names({ "activated" }));
+        QTest::keyClick(scene.window(), key);
+        if (key == Qt::Key_F4)
+            QTest::keyClick(scene.window(), Qt::Key_F4);
+        else
+            QTest::keyClick(scene.window(), Qt::Key_Up, Qt::AltModifier);
+        QVERIFY(!PopupStack::top());
     }
 }
 
