@@ -302,7 +302,7 @@ void tst_KitText::calendarInTimeZones()
     }
 }
 
-// Digits and names, and what assistive tools say of the day that the keys have reached.
+// Digits, names that fit, and what assistive tools say of the day that the keys have reached.
 void tst_KitText::calendarInItsLanguage()
 {
     const QLocale arabic(QStringLiteral("ar_EG"));
@@ -316,6 +316,10 @@ void tst_KitText::calendarInItsLanguage()
                            + arabic.toString(day, QStringLiteral("yyyy"))));
     QCOMPARE(QAccessible::queryAccessibleInterface(scene.item)->text(QAccessible::Name),
              arabic.toString(day, QLocale::LongFormat));
+    for (const QQuickItem *row : scene.item->childItems()) {
+        for (const QQuickItem *text : row->childItems())
+            QVERIFY(text->implicitWidth() <= text->width());
+    }
 }
 
 // What is no date shows the month of today, and nothing is chosen.
