@@ -24,13 +24,12 @@ UiLineEdit {
         picker.choose(digits, alpha)
     }
 
+    accessibleName: qsTr("Colour in hexadecimal digits")
     bindable: true
     error: typedText !== "" && !pattern.test(typedText)
     maximumLength: 16
     placeHolderText: "#"
     text: picker.indeterminate ? "" : "#" + picker.color.toString().slice(-6).toUpperCase()
-
-    Accessible.name: qsTr("Colour in hexadecimal digits")
 
     onUpdateRequested: enter(newValue)
 }

@@ -62,6 +62,7 @@ Row {
             UiLineEdit {
                 anchors.left: label.right
                 anchors.right: parent.right
+                accessibleName: modelData.name
                 bindable: true
                 inputMethodHints: Qt.ImhDigitsOnly
                 maximumLength: 3
@@ -71,8 +72,6 @@ Row {
                     bottom: 0
                     top: entry.limit
                 }
-
-                Accessible.name: modelData.name
 
                 Keys.onDownPressed: entry.enter(entry.value - 1)
                 Keys.onUpPressed: entry.enter(entry.value + 1)

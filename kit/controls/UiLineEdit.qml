@@ -8,6 +8,8 @@
 // error: marks the field as wrong. False by default.
 // invalid: whether it is marked, for that reason or because the validator does not accept what is
 //     typed. An empty field is not marked by the validator.
+// accessibleName: what the field is about, for assistive tools, which see the text input in it and so
+//     what is typed. The placeholder by default.
 // leftInset, rightInset: room for what a control puts beside the text. 0 by default.
 // bindable, empty, hovered, textInput, selectAll(), editText(), updateRequested(newValue),
 //     editingFinished(), returnPressed(): see UiLineEditBase.
@@ -19,6 +21,7 @@ import tamber.Ui.Private 1.0
 UiLineEditBase {
     id: root
 
+    property string accessibleName: placeHolderText
     property alias echoMode: input.echoMode
     property bool error: false
     property alias horizontalAlignment: input.horizontalAlignment
@@ -37,21 +40,11 @@ UiLineEditBase {
     implicitHeight: 32
     textInput: input
 
-    // Assistive tools see the ground: here, "text" is what was committed, be it a password.
-    Accessible.ignored: true
-    Accessible.name: placeHolderText
 
     // The text may have come before the item that shows it.
     onTextInputChanged: if (textInput === input) input.text = text
 
     Rectangle {
-        readonly property alias text: input.displayText
-        property alias cursorPosition: input.cursorPosition
-        readonly property alias selectionStart: input.selectionStart
-        readonly property alias selectionEnd: input.selectionEnd
-
-        readonly property bool secret: root.echoMode !== TextInput.Normal
-
         width: root.width
         height: root.height
         border.color: UiColors.getColor(!root.enabled ? UiColors.DisabledLightGrey13
@@ -61,64 +54,58 @@ UiLineEditBase {
         border.width: 1
         color: UiColors.getColor(root.enabled && !root.readOnly ? UiColors.White : UiColors.HeaderGrey4)
         radius: 3
+    }
 
-        Accessible.role: Accessible.EditableText
-        Accessible.name: root.Accessible.name
-        Accessible.description: secret ? root.Accessible.name : "" // Qt tells no name of a password
-        Accessible.focusable: true
-        Accessible.focused: input.activeFocus
-        Accessible.passwordEdit: secret
-        Accessible.readOnly: root.readOnly
+    // Most fields have none.
+    UiLoader {
+        x: input.x
+        width: input.width
+        height: root.height
+        sourceComponent: root.placeHolderText === "" ? null : placeHolder
 
-        onActiveFocusChanged: if (activeFocus) input.forceActiveFocus()
+        Component {
+            id: placeHolder
 
-        // Most fields have none.
-        UiLoader {
-            x: input.x
-            width: input.width
-            height: root.height
-            sourceComponent: root.placeHolderText === "" ? null : placeHolder
-
-            Component {
-                id: placeHolder
-
-                Text {
-                    color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
-                    elide: Text.ElideRight
-                    font: input.font
-                    horizontalAlignment: input.effectiveHorizontalAlignment
-                    leftPadding: input.leftPadding
-                    rightPadding: input.rightPadding
-                    text: root.placeHolderText
-                    textFormat: Text.PlainText
-                    verticalAlignment: Text.AlignVCenter
-                    visible: input.displayText === ""
-                }
+            Text {
+                color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
+                elide: Text.ElideRight
+                font: input.font
+                horizontalAlignment: input.effectiveHorizontalAlignment
+                leftPadding: input.leftPadding
+                rightPadding: input.rightPadding
+                text: root.placeHolderText
+                textFormat: Text.PlainText
+                verticalAlignment: Text.AlignVCenter
+                visible: input.displayText === ""
             }
         }
+    }
 
-        TextInput {
-            id: input
+    TextInput {
+        id: input
 
-            x: 4 + root.leftInset
-            y: 1
-            width: root.width - 8 - root.leftInset - root.rightInset
-            height: root.height - 2
-            activeFocusOnTab: true
-            clip: true
-            color: UiColors.getColor(root.enabled ? UiColors.DarkGrey80 : UiColors.MediumGrey33)
-            font: UiFonts.getFont(UiFonts.Regular, 14)
-            leftPadding: 8 // a press there is one on the text
-            maximumLength: 0x7fffffff // the text is the host's, and none of it is cut off
-            rightPadding: 8
-            selectByMouse: true
-            selectedTextColor: UiColors.getColor(UiColors.Black)
-            selectionColor: UiColors.getColor(UiColors.SelectionGreen)
-            verticalAlignment: TextInput.AlignVCenter
+        x: 4 + root.leftInset
+        y: 1
+        width: root.width - 8 - root.leftInset - root.rightInset
+        height: root.height - 2
+        activeFocusOnTab: true
+        clip: true
+        color: UiColors.getColor(root.enabled ? UiColors.DarkGrey80 : UiColors.MediumGrey33)
+        font: UiFonts.getFont(UiFonts.Regular, 14)
+        leftPadding: 8 // a press there is one on the text
+        maximumLength: 0x7fffffff // the text is the host's, and none of it is cut off
+        rightPadding: 8
+        selectByMouse: true
+        selectedTextColor: UiColors.getColor(UiColors.Black)
+        selectionColor: UiColors.getColor(UiColors.SelectionGreen)
+        verticalAlignment: TextInput.AlignVCenter
 
-            // A long text that the host writes is seen from its beginning.
-            onTextChanged: if (!activeFocus) cursorPosition = 0
-        }
+        Accessible.role: Accessible.EditableText
+        Accessible.name: root.accessibleName
+        Accessible.readOnly: readOnly
+
+        // A long text that the host writes is seen from its beginning.
+        onTextChanged: if (!activeFocus) cursorPosition = 0
     }
 
     // What is typed in is framed whatever brought the focus, which is all that a FocusFrame is for.

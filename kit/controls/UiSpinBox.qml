@@ -116,6 +116,7 @@ FocusScope {
 
         width: root.width
         height: root.height
+        accessibleName: root.placeHolderText
         bindable: true
         error: root.invalid
         focus: true
@@ -123,8 +124,6 @@ FocusScope {
         objectName: root.objectName === "" ? "" : root.objectName + "Field"
         rightInset: up.width + unitLoader.width
         text: numbers.displayString
-
-        Accessible.name: root.placeHolderText
 
         // A value with more digits than are shown stays as it is until something is typed.
         onUpdateRequested: if (newValue !== numbers.displayString) root.pick(numbers.parseNumber(newValue))

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void withoutBar(); // first: the kit must not be known yet
     void accelerates();
     void ends();
+    void dropsWhereItIs();
     void popups();
     void windows();
     void handlersThatDestroy_data();
@@ -136,6 +137,35 @@ void tst_VerticalScrollViewDrag::ends()
         if (scene.window() && kind != "leave" && kind != "drop")
             drag.move(kind == "elsewhere" ? kBeside : kNearBottom);
         QVERIFY2(!scrollsByItself(view), way);
+    }
+}
+
+// On what has scrolled under the resting pointer, also where leaving the old place ends the window.
+void tst_VerticalScrollViewDrag::dropsWhereItIs()
+{
+    for (const bool windowGoes : { false, true }) {
+        Scene scene(
+            QStringLiteral("UiVerticalScrollView { objectName: 'view'; width: 300; height: 400\n"
+                           "Column { Repeater { model: 50; UiDropZone { objectName: 'row' + index\n"
+                           "width: 300; height: 100; UiMimeDropHandler { acceptedMimeTypes: "
+                           "'text/plain' } } } } }"));
+        auto *view = scene.find<View>("view");
+        SignalLog log;
+        for (const char *row : { "row3", "row5" })
+            log.watch(scene.find(row), names({ "dragEnter", "dragExit", "drop" }),
+                      QLatin1String(row) + QLatin1Char('.'));
+        DragOver drag(scene.window());
+        drag.data().setText(QStringLiteral("text"));
+        drag.enter(QPoint(200, 350));
+        drag.move(QPoint(200, 351));
+        view->setScrollPosition(200, true);
+        if (windowGoes)
+            on(
+                scene.find("row3"), QStringLiteral("dragExit"), [&] { scene.destroyWindow(); }, 1);
+        drag.drop(QPoint(200, 351));
+        const QString end = windowGoes ? QStringLiteral("row5.dragExit")
+                                       : QStringLiteral("row5.drop");
+        QCOMPARE(log.take(), names({ "row3.dragEnter", "row5.dragEnter", "row3.dragExit" }) << end);
     }
 }
 

@@ -8,7 +8,7 @@ namespace ta::test {
 
 namespace {
 
-constexpr int kPatience = 60000; // ms for anything the gallery has to do, on a slow machine
+constexpr int kPatience = 60000; // ms that the gallery may be silent, on a slow machine
 constexpr int kThickestFrame = 60; // of a window manager, left and top added up
 
 void input(const QStringList &arguments)
@@ -54,9 +54,13 @@ QStringList Gallery::pages()
         .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
-bool Gallery::says(const QString &line)
+bool Gallery::says(const QString &line, const std::function<void()> &meanwhile)
 {
-    const bool found = QTest::qWaitFor([&] { return hasSaid(line); }, kPatience);
+    const bool found = waitFor([&] {
+        if (meanwhile)
+            meanwhile();
+        return hasSaid(line);
+    });
     if (!found)
         qWarning("The gallery never said \"%s\"; it said: %s", qPrintable(line),
                  qPrintable(m_lines.mid(m_position).join(QLatin1String(", "))));
@@ -65,12 +69,10 @@ bool Gallery::says(const QString &line)
 
 bool Gallery::focuses(const char *name)
 {
-    return QTest::qWaitFor(
-        [&] {
-            read();
-            return m_focus == QLatin1String(name);
-        },
-        kPatience);
+    return waitFor([&] {
+        read();
+        return m_focus == QLatin1String(name);
+    });
 }
 
 int Gallery::count(const QString &line)
@@ -81,14 +83,12 @@ int Gallery::count(const QString &line)
 
 QRect Gallery::area(const QString &name)
 {
-    const bool rests = QTest::qWaitFor(
-        [&] {
-            const QRect before = m_places.value(name);
-            QTest::qWait(100);
-            read();
-            return m_places.contains(name) && m_places.value(name) == before;
-        },
-        kPatience);
+    const bool rests = waitFor([&] {
+        const QRect before = m_places.value(name);
+        QTest::qWait(100);
+        read();
+        return m_places.contains(name) && m_places.value(name) == before;
+    });
     if (!rests)
         qWarning("There is no item \"%s\" to be seen", qPrintable(name));
     return m_places.value(name);
@@ -129,12 +129,10 @@ void Gallery::resize(const QSize &size, const QString &moved)
     const QRect before = m_places.value(moved);
     input({ QStringLiteral("getactivewindow"), QStringLiteral("windowsize"),
             QString::number(size.width()), QString::number(size.height()) });
-    const bool followed = QTest::qWaitFor(
-        [&] {
-            read();
-            return m_places.value(moved) != before;
-        },
-        kPatience);
+    const bool followed = waitFor([&] {
+        read();
+        return m_places.value(moved) != before;
+    });
     if (!followed)
         qWarning("The item \"%s\" has not followed the window's size", qPrintable(moved));
 }
@@ -152,7 +150,7 @@ bool Gallery::arrange(const QRect &geometry, const QString &corner)
         const QPoint frame = place.topLeft() - geometry.topLeft();
         return place.height() == geometry.height() && frame.manhattanLength() < kThickestFrame;
     };
-    return QTest::qWaitFor(isThere, kPatience);
+    return waitFor(isThere);
 }
 
 bool Gallery::drag(const QString &name)
@@ -192,13 +190,7 @@ bool Gallery::dragOver(const QString &name)
 bool Gallery::dragUntil(const QString &line, const std::function<QPoint()> &position)
 {
     int step = 0;
-    return QTest::qWaitFor(
-               [&] {
-                   input(moveTo(position() + QPoint(++step % 2, 0)));
-                   return hasSaid(line);
-               },
-               kPatience)
-           || says(line);
+    return says(line, [&] { input(moveTo(position() + QPoint(++step % 2, 0))); });
 }
 
 void Gallery::release()
@@ -235,6 +227,24 @@ bool Gallery::closes()
     else
         return true;
     return false;
+}
+
+// As long as the gallery says something it gets on, however slowly.
+bool Gallery::waitFor(const std::function<bool()> &condition)
+{
+    QElapsedTimer silence;
+    silence.start();
+    int lines = m_lines.count();
+    while (!condition()) {
+        if (m_lines.count() != lines) {
+            lines = m_lines.count();
+            silence.restart();
+        } else if (silence.hasExpired(kPatience)) {
+            return false;
+        }
+        QTest::qWait(1);
+    }
+    return true;
 }
 
 bool Gallery::hasSaid(const QString &line)

@@ -27,8 +27,9 @@ public:
     /// The names of all pages, in their order.
     static QStringList pages();
 
-    /// Waits until the trace says \a line, counting from what was looked at last.
-    bool says(const QString &line);
+    /// Waits until the trace says \a line, counting from what was looked at last; does \a meanwhile
+    /// again and again.
+    bool says(const QString &line, const std::function<void()> &meanwhile = {});
     /// Whether the item \a name gets the focus, or has it.
     bool focuses(const char *name);
     /// How often the trace has said \a line so far.
@@ -76,6 +77,7 @@ public:
     bool closes();
 
 private:
+    bool waitFor(const std::function<bool()> &condition);
     bool dragUntil(const QString &line, const std::function<QPoint()> &position);
     bool hasSaid(const QString &line);
     void read();

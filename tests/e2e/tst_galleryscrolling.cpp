@@ -23,13 +23,6 @@ const QString kReady = QStringLiteral("ready lists-and-scrolling");
 constexpr QRect kWindow(0, 0, 1180, 1100); // high enough for the whole page
 const QString kView = QStringLiteral("shelvesView");
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr char kNotHere[] =
-    "Under a sanitizer and without a graphics card this drag is slow, and now "
-    "and then the last row does not take it, which is not understood yet; "
-    "the run without a sanitizer does this test";
-#endif
-
 // Where a drag makes a list scroll; the popup leaves this part of what is behind it free.
 QPoint nearTop(const QRect &view)
 {
@@ -85,9 +78,6 @@ void tst_GalleryScrolling::wheelAndBar()
 // From the first row to the last, and back, and dropped there.
 void tst_GalleryScrolling::dragOverTheEdges()
 {
-#if defined(__SANITIZE_ADDRESS__)
-    QSKIP(kNotHere);
-#endif
     Gallery gallery(kPage);
     QVERIFY(isArranged(gallery));
     const QRect view = gallery.area(kView);
@@ -102,9 +92,6 @@ void tst_GalleryScrolling::dragOverTheEdges()
 // What is in the popup scrolls, and what is behind it only once the popup lets it.
 void tst_GalleryScrolling::popupThatForbids()
 {
-#if defined(__SANITIZE_ADDRESS__)
-    QSKIP(kNotHere);
-#endif
     Gallery gallery(kPage);
     QVERIFY(isArranged(gallery));
     gallery.click(QStringLiteral("shelvesButton"));

@@ -40,6 +40,7 @@ public:
 
     void drag(const QPointF &scenePosition);
     bool mayAutoScroll() const;
+    void tellBeforeDrop(QObject *window, const QDropEvent *event);
 
     void setWindow(QQuickWindow *window);
 
@@ -56,6 +57,7 @@ public:
     ScrollBarRoom scrollBarRoom;
     QTimer *const autoScrollTimer; // a child of the view
     double autoScrollSpeed = 0; // kept while the timer is stopped, until the next drag
+    double positionAtDragMove = 0; // shown when the window told of a drag last
     bool isFlickable = false;
     bool dragAutoScroll = true;
     bool polishPending = false;

@@ -117,25 +117,44 @@ void VerticalScrollView::autoScroll()
         d->autoScrollSpeed = acceleratedScrollSpeed(d->autoScrollSpeed);
 }
 
-// Installed on the window that the view is in; consumes nothing.
+// The window tells its items of a drag when the pointer moves, not when they scroll under it. What
+// has scrolled since is told now, or the drop would go to the item that was here before.
+void VerticalScrollViewPrivate::tellBeforeDrop(QObject *window, const QDropEvent *event)
+{
+    if (q->scrollPosition() == positionAtDragMove || !containsScenePosition(q, event->posF()))
+        return;
+    QDragMoveEvent move(event->pos(), event->possibleActions(), event->mimeData(),
+                        event->mouseButtons(), event->keyboardModifiers());
+    QCoreApplication::sendEvent(window, &move);
+}
+
+// Installed on the window that the view is in; consumes nothing, unless a handler has destroyed the
+// window.
 bool VerticalScrollView::eventFilter(QObject *watched, QEvent *event)
 {
+    const QPointer<VerticalScrollView> guard(this);
+    const QPointer<QObject> window(watched);
     switch (event->type()) {
     case QEvent::DragEnter:
         // One drag that comes back to the edge goes on as fast as it was, the next begins slowly.
         d->autoScrollSpeed = 0;
         break;
     case QEvent::DragMove:
+        d->positionAtDragMove = scrollPosition();
         d->drag(static_cast<QDragMoveEvent *>(event)->posF());
         break;
-    case QEvent::DragLeave:
     case QEvent::Drop:
+        d->tellBeforeDrop(watched, static_cast<QDropEvent *>(event));
+        if (guard)
+            d->autoScrollTimer->stop();
+        break;
+    case QEvent::DragLeave:
         d->autoScrollTimer->stop();
         break;
     default:
         break;
     }
-    return QQuickItem::eventFilter(watched, event);
+    return !window;
 }
 
 } // namespace ta::ui
