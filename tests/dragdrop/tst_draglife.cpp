@@ -24,7 +24,8 @@ Q_DECLARE_METATYPE(Act)
 
 namespace {
 
-// A drag item whose hotspot is its middle, what it shows, and a zone that takes drops.
+// A drag item whose hotspot is its middle, what it shows, a zone that takes drops, and an area that
+// tells the source so.
 const QString kScene = QStringLiteral(R"(
     id: root
     property var dropped
@@ -54,11 +55,16 @@ const QString kScene = QStringLiteral(R"(
         onDrop: root.dropped = [data.id, dragSource]
         UiMimeDropHandler { acceptedMimeTypes: "application/x-card" }
     }
+    DropArea {
+        x: 400; y: 300; width: 100; height: 100
+        onDropped: drop.accept()
+    }
 )");
 
 const QPoint kSource(150, 150);
 const QPoint kNowhere(300, 300);
 const QPoint kTarget(450, 150);
+const QPoint kAcceptingTarget(450, 350);
 
 // Tells how many events of the window it has seen.
 class ProbeZone : public DragZone
@@ -132,7 +138,6 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void drop();
-    void modifiers();
     void waysToEnd_data();
     void waysToEnd();
     void handlersThatDestroy_data();
@@ -222,6 +227,8 @@ bool tst_DragLife::runDrag(const DuringDrag::Steps &steps)
     return drag.isThrough();
 }
 
+// The drag item and the keys that it knows of, while the pointer goes over the window, out of it
+// and to the target.
 void tst_DragLife::drop()
 {
     QStringList seen;
@@ -238,9 +245,10 @@ void tst_DragLife::drop()
     };
     const QPoint outside(-50, -50); // may lie outside the screen, but not over the window
     QVERIFY(runDrag({
-        [&] { moveTo(kNowhere); },
+        [&] { moveTo(kNowhere, Qt::ShiftModifier); },
         look,
-        [&] { moveTo(outside); },
+        [&] { moveTo(kNowhere + QPoint(5, 0), Qt::ShiftModifier | Qt::ControlModifier); },
+        [&] { moveTo(outside, Qt::AltModifier); },
         look,
         [&] { moveTo(kTarget); },
         look,
@@ -248,6 +256,9 @@ void tst_DragLife::drop()
     }));
     QCOMPARE(seen, QStringList({ QStringLiteral("290 295"), QStringLiteral("hidden"),
                                  QStringLiteral("440 145") }));
+    const QVariantList modifiers = { int(Qt::ShiftModifier),
+                                     int(Qt::ShiftModifier | Qt::ControlModifier), 0 };
+    QCOMPARE(place()->property("modifiers").value<QJSValue>().toVariant().toList(), modifiers);
     QCOMPARE(m_log.entries(),
              names({ "dragActiveChanged", "dragStarted", "dragActiveChanged", "dragEnded" }));
     const auto dropped = place()->property("dropped").value<QJSValue>();
@@ -261,21 +272,6 @@ void tst_DragLife::drop()
     click(m_scene->window(), kSource);
     QCOMPARE(m_area->presses, 2);
     QVERIFY(runDrag({ [&] { dropAt(kNowhere); } }));
-}
-
-void tst_DragLife::modifiers()
-{
-    QVERIFY(runDrag({
-        [&] { moveTo(kNowhere); },
-        [&] { moveTo(kNowhere + QPoint(5, 0), Qt::ShiftModifier); },
-        [&] { moveTo(kNowhere + QPoint(10, 0), Qt::ShiftModifier | Qt::ControlModifier); },
-        [&] { moveTo(QPoint(-50, -50), Qt::AltModifier); },
-        [&] { moveTo(kNowhere); },
-        [&] { release(m_scene->window(), kNowhere); },
-    }));
-    const QVariantList expected = { int(Qt::ShiftModifier),
-                                    int(Qt::ShiftModifier | Qt::ControlModifier), 0 };
-    QCOMPARE(place()->property("modifiers").value<QJSValue>().toVariant().toList(), expected);
 }
 
 void tst_DragLife::waysToEnd_data()
@@ -469,13 +465,14 @@ void tst_DragLife::engineGoes()
     QCoreApplication::processEvents();
 }
 
-// No growth, and nothing left in the window.
+// No growth, neither here nor in the zone that they enter, and nothing left in the window.
 void tst_DragLife::manyDrags()
 {
     const int children = m_scene->window()->contentItem()->childItems().count();
+    const QPoint ends[] = { kNowhere, kTarget, kAcceptingTarget };
     const auto drags = [&](int count) {
         for (int i = 0; i < count; ++i) {
-            QVERIFY(runDrag({ [&] { dropAt(i % 2 ? kTarget : kNowhere); } }));
+            QVERIFY(runDrag({ [&] { moveTo(kTarget); }, [&] { dropAt(ends[i % 3]); } }));
             QCoreApplication::processEvents();
         }
         m_log.take();

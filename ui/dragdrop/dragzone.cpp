@@ -39,8 +39,8 @@ DragZoneAttachedObject *attachedObject(QObject *object)
 
 /*
     Idle -> Pressed      the left button goes down on an item inside the zone
-    Pressed -> Idle      a move without a valid payload, or while somebody keeps the mouse to
-   himself Pressed -> Dragging  a move beyond the threshold; doDrag() follows from the event loop
+    Pressed -> Idle      a move without a valid payload, or while an item keeps the mouse to itself
+    Pressed -> Dragging  a move beyond the threshold; doDrag() follows from the event loop
     Dragging -> Idle     the drag comes to nothing before doDrag() has called the platform
     Dragging -> Finished the platform's drag has ended
     Finished -> Pressed  as from Idle
@@ -135,7 +135,9 @@ bool DragZonePrivate::move(const QMouseEvent *event)
         abandon();
         return false;
     }
-    if (state != Pressed || released)
+    // A release leaves the state alone, so a click with another button may follow.
+    const bool isOfAnotherButton = event->buttons() && !event->buttons().testFlag(Qt::LeftButton);
+    if (state != Pressed || isOfAnotherButton)
         return true;
     if (!mimeData || !mimeData->isValid())
         state = Idle;
