@@ -74,34 +74,62 @@ Page {
         title: qsTr("Calendar")
         summary: qsTr("Page Up and Page Down turn the month, with Shift the year. Home and End go to its ends.")
 
-        Flow {
+        Row {
+            id: calendars
+
+            readonly property int count: root.columns - 1 // one that is disabled where there is room
+
             width: parent.width
             spacing: 24
 
-            Repeater {
-                model: 2
+            CalendarBox {
+                id: box
 
-                Rectangle {
-                    width: calendar.width + 2
-                    height: calendar.height + 2
-                    border.color: UiColors.getColor(UiColors.ProgressbarBGGrey)
-                    border.width: 1
-                    radius: 3
+                name: "calendar"
 
-                    UiCalendar {
-                        id: calendar
+                onActivated: root.told(day)
+            }
 
-                        x: 1
-                        y: 1
-                        width: implicitWidth
-                        height: implicitHeight
-                        date: new Date(2026, 10, 23)
-                        enabled: index === 0
-                        objectName: index === 0 ? "calendar" : ""
+            Column {
+                width: parent.width - calendars.count * (box.width + parent.spacing)
+                spacing: 16
 
-                        onActivated: root.told(day)
+                Repeater {
+                    model: [
+                        { caption: qsTr("Chosen"), day: box.calendar.date },
+                        { caption: qsTr("Reached by the keys"), day: box.calendar.highlightedDate }
+                    ]
+
+                    Labelled {
+                        width: parent.width
+                        text: modelData.caption
+
+                        UiText {
+                            width: parent.width
+                            text: modelData.day.toLocaleDateString(root.locale, Locale.LongFormat)
+                            wrapMode: Text.Wrap
+                        }
                     }
                 }
+
+                Labelled {
+                    text: qsTr("Weeks in view")
+
+                    UiText {
+                        readonly property var weeks: box.calendar.weeks
+
+                        text: qsTr("%1 to %2").arg(shown(weeks[0])).arg(shown(weeks[5]))
+
+                        function shown(week) {
+                            return Number(week).toLocaleString(root.locale, "f", 0)
+                        }
+                    }
+                }
+            }
+
+            CalendarBox {
+                enabled: false
+                visible: calendars.count === 2
             }
         }
     }

@@ -13,7 +13,7 @@ Page {
     property string answer: qsTr("The answer of a dialog is shown here.")
 
     function tell(dialog, text) {
-        answer = qsTr("%1: %2").arg(dialog.label).arg(text)
+        answer = qsTr("%1 \u2013 %2").arg(dialog.label).arg(text)
     }
 
     title: qsTr("Dialogs")

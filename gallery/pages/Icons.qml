@@ -23,7 +23,7 @@ Page {
 
     Card {
         title: qsTr("All glyphs")
-        summary: qsTr("%1 shown, at %2 device pixels to a logical one. Move the window to another screen and they change.").arg(root.names.length).arg(Screen.devicePixelRatio)
+        summary: qsTr("%1 shown, at a pixel ratio of %2. Move the window to another screen and they change.").arg(root.names.length).arg(Screen.devicePixelRatio)
 
         Flow {
             width: parent.width

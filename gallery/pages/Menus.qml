@@ -206,7 +206,7 @@ Page {
 
             MenuTarget {
                 width: parent.width
-                height: 116
+                height: 108
                 active: rankedMenu.menuVisible
                 objectName: "rankedTarget"
                 text: qsTr("Right-click here")
@@ -340,12 +340,13 @@ Page {
 
                 Item {
                     width: parent.width
-                    height: 80
+                    height: 72
                     objectName: "corners"
 
                     Grid {
                         columns: 2
-                        spacing: 16
+                        columnSpacing: 16
+                        rowSpacing: 8
 
                         Repeater {
                             model: [

@@ -137,6 +137,7 @@ Page {
                         readonly property int column: index % 4
                         readonly property int row: Math.floor(index / 4)
 
+                        x: -margin // the track begins where the caption does
                         anchors.verticalCenter: parent.verticalCenter
                         width: Math.min(160, parent.width - 16)
                         antialiasing: row !== 1
@@ -166,6 +167,7 @@ Page {
         Grid {
             columns: 6
             columnSpacing: 16
+            leftPadding: -3 // the margin of the sliders
             rowSpacing: 8
 
             Repeater {

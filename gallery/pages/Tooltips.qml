@@ -169,7 +169,12 @@ Page {
                 summary: qsTr("Each of the patches has a tooltip of its own. The search for the right one takes no time to speak of.")
 
                 Grid {
-                    readonly property int side: Math.floor((root.contentWidth - 48) / 50)
+                    id: patches
+
+                    // Whole pixels, and together as wide as the card.
+                    function edge(column) {
+                        return Math.round(column * (root.contentWidth - 48) / columns)
+                    }
 
                     columns: 50
 
@@ -177,8 +182,8 @@ Page {
                         model: 1000
 
                         Rectangle {
-                            width: parent.side
-                            height: parent.side
+                            width: patches.edge(index % 50 + 1) - patches.edge(index % 50)
+                            height: patches.edge(1)
                             border.color: UiColors.getColor(UiColors.White)
                             border.width: 1
                             color: Qt.hsla((index % 50) / 50, 0.35, 0.45 + 0.4 * Math.floor(index / 50) / 20, 1)

@@ -41,7 +41,7 @@ Rectangle {
                 width: parent.width
                 color: UiColors.getColor(UiColors.MediumGrey45)
                 font: UiFonts.getFont(UiFonts.Regular, 12)
-                lineHeight: 1.2
+                lineHeight: lineCount > 1 ? 1.2 : 1
                 text: root.summary
                 visible: text !== ""
                 wrapMode: Text.Wrap

@@ -82,7 +82,7 @@ FocusScope {
                     UiText {
                         width: parent.width
                         color: UiColors.getColor(UiColors.MediumGrey45)
-                        lineHeight: 1.2
+                        lineHeight: lineCount > 1 ? 1.2 : 1
                         text: root.summary
                         wrapMode: Text.Wrap
                     }

@@ -24,6 +24,14 @@ FocusScope {
     readonly property var locale: Qt.locale()
     readonly property var days: info.days // read once: each reading makes 42 dates
     readonly property var weeks: info.calendarWeeks
+    // From Sunday on. In some languages the short names are too long for the columns; shorter ones are
+    // unknown to the locale of the system as such.
+    readonly property var dayNames: {
+        const namesIn = (locale, format) => [0, 1, 2, 3, 4, 5, 6].map(day => locale.standaloneDayName(day, format))
+        const names = namesIn(locale, Locale.ShortFormat)
+        const fit = names.every(name => metrics.advanceWidth(name) < cellWidth - 2)
+        return fit ? names : namesIn(Qt.locale(locale.name), Locale.NarrowFormat)
+    }
     property date today: new Date()
 
     signal activated(date day)
@@ -136,6 +144,12 @@ FocusScope {
         date: root.highlightedDate
     }
 
+    FontMetrics {
+        id: metrics
+
+        font: UiFonts.getFont(UiFonts.Regular, 12)
+    }
+
     UiToolButton {
         x: 4
         y: 4
@@ -188,9 +202,9 @@ FocusScope {
                 width: root.cellWidth
                 height: 24
                 color: UiColors.getColor(root.enabled ? UiColors.MediumGrey45 : UiColors.MediumGrey33)
-                font: UiFonts.getFont(UiFonts.Regular, 12)
+                font: metrics.font
                 horizontalAlignment: Text.AlignHCenter
-                text: root.locale.standaloneDayName((index + 1) % 7, Locale.ShortFormat)
+                text: root.dayNames[(index + 1) % 7]
 
                 Accessible.ignored: true
             }

@@ -20,7 +20,6 @@ class tst_Buttons : public TestCase
 
 private Q_SLOTS:
     void mouse();
-    void doubleClick();
     void keys();
     void disabling();
     void readOnly();
@@ -73,21 +72,14 @@ void tst_Buttons::mouse()
     log.take();
     click(scene.window(), kInside, Qt::RightButton);
     QCOMPARE(log.take(), QStringList());
+    QTest::mouseDClick(scene.window(), Qt::LeftButton, {}, kInside);
+    QCOMPARE(log.count(QStringLiteral("clicked")), 1);
 
     Qt::KeyboardModifiers modifiers;
     connect(button, &ButtonBase::clicked, this, [&](Qt::KeyboardModifiers m) { modifiers = m; });
     QTest::mouseClick(scene.window(), Qt::LeftButton, Qt::ControlModifier | Qt::ShiftModifier,
                       kInside);
     QCOMPARE(modifiers, Qt::ControlModifier | Qt::ShiftModifier);
-}
-
-void tst_Buttons::doubleClick()
-{
-    Scene scene { QLatin1String(kButton) };
-    SignalLog log;
-    log.watch(scene.find("button"), names({ "clicked", "pressedChanged" }));
-    QTest::mouseDClick(scene.window(), Qt::LeftButton, {}, kInside);
-    QCOMPARE(log.count(QStringLiteral("clicked")), 1);
 }
 
 void tst_Buttons::keys()
@@ -243,8 +235,6 @@ void tst_Buttons::handlersThatDestroy()
               QKeyEvent event(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier);
               QCoreApplication::sendEvent(button, &event);
           } },
-        { names({ "hoveredChanged", "pressedChanged" }),
-          [](CheckButtonBase *button) { button->setEnabled(false); } },
         { names({ "hoveredChanged", "pressedChanged" }),
           [](CheckButtonBase *button) { button->setReadOnly(true); } },
     };

@@ -24,7 +24,6 @@ private Q_SLOTS:
     void geometry();
     void contentThatFollowsItsSize();
     void badInput();
-    void requests_data();
     void requests();
     void animation();
     void handlersOfTheLastStep();
@@ -185,57 +184,54 @@ void tst_VerticalScrollView::badInput()
     }
 }
 
-void tst_VerticalScrollView::requests_data()
-{
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<int>("key");
-    // Where it leads to from 300 below the top, in content that begins at 0 and at -100.
-    QTest::addColumn<double>("plainEnd");
-    QTest::addColumn<double>("flickableEnd");
-    const auto row = [](const char *name, const char *script, int key, double end, double flicked) {
-        QTest::newRow(name) << QString::fromLatin1(script) << key << end << flicked;
-    };
-    row("Home", "", Qt::Key_Home, 0, -100);
-    row("End", "", Qt::Key_End, 800, 700);
-    row("Page Up", "", Qt::Key_PageUp, 100, 0);
-    row("Page Down", "", Qt::Key_PageDown, 500, 400);
-    row("Down", "", Qt::Key_Down, 300, 200);
-    row("wheel", "", 0, 360, 260);
-    row("property", "view.scrollPosition = 123.5", 0, 123.5, 123.5);
-    // Parts of the range count from 0, wherever the content begins.
-    row("part", "view.normalizedScrollPosition = 0.25", 0, 200, 200);
-    row("to a part", "view.scrollTo(0.5, true)", 0, 400, 400);
-    row("to the first", "view.scrollTo(0)", 0, 0, 0);
-    row("to the last", "view.scrollTo(1)", 0, 800, 700);
-    row("visible", "view.ensureVisible(item)", 0, 300, 290);
-    row("to an item", "view.scrollTo(item, UiVerticalScrollView.Top)", 0, 450, 450);
-    row("its middle", "view.scrollTo(item, UiVerticalScrollView.Center, true)", 0, 370, 370);
-    row("its end", "view.scrollTo(item, UiVerticalScrollView.Bottom)", 0, 290, 290);
-}
-
+// Where each leads to from 300 below the top.
 void tst_VerticalScrollView::requests()
 {
-    QFETCH(QString, script);
-    QFETCH(int, key);
-    for (const char *end : { "plainEnd", "flickableEnd" }) {
-        ViewScene scene((end[0] == 'p' ? plain() : flickable())
-                        + QStringLiteral("property Item view; property Item item\n"
-                                         "function request() { %1 }")
-                              .arg(script));
-        scene.root()->setProperty("view", QVariant::fromValue<QQuickItem *>(scene.view));
-        scene.root()->setProperty("item", QVariant::fromValue(scene.find("item")));
-        scene.view->setScrollPosition(scene.view->scrollPosition() + 300, true);
-        QCOMPARE(scene.view->normalizedScrollPosition(), 300.0 / 800);
-        if (key)
-            QTest::keyClick(scene.window(), Qt::Key(key));
-        else if (script.isEmpty())
-            wheel(scene.window(), QPoint(200, 200), -1);
-        else
-            QVERIFY(QMetaObject::invokeMethod(scene.root(), "request"));
-        QTRY_VERIFY(!isAnimating(scene.view));
-        QTEST(scene.view->scrollPosition(), end);
-        QCOMPARE(scene.find("item")->mapToItem(scene.view, QPointF()).y(),
-                 450 - scene.view->scrollPosition());
+    const struct
+    {
+        int key;
+        const char *script;
+        double end; // in content that begins at 0
+        double flickedEnd; // and at -100
+    } rows[] = {
+        { Qt::Key_Home, "", 0, -100 },
+        { Qt::Key_End, "", 800, 700 },
+        { Qt::Key_PageUp, "", 100, 0 },
+        { Qt::Key_PageDown, "", 500, 400 },
+        { Qt::Key_Down, "", 300, 200 },
+        { 0, "wheel", 360, 260 },
+        { 0, "view.scrollPosition = 123.5", 123.5, 123.5 },
+        // Parts of the range count from 0, wherever the content begins.
+        { 0, "view.normalizedScrollPosition = 0.25", 200, 200 },
+        { 0, "view.scrollTo(0.5, true)", 400, 400 },
+        { 0, "view.scrollTo(1)", 800, 700 },
+        { 0, "view.ensureVisible(item)", 300, 290 },
+        { 0, "view.scrollTo(item, UiVerticalScrollView.Top)", 450, 450 },
+        { 0, "view.scrollTo(item, UiVerticalScrollView.Center, true)", 370, 370 },
+        { 0, "view.scrollTo(item, UiVerticalScrollView.Bottom)", 290, 290 },
+    };
+    for (const auto &row : rows) {
+        for (bool flicks : { false, true }) {
+            ViewScene scene((flicks ? flickable() : plain())
+                            + QStringLiteral("property Item view; property Item item\n"
+                                             "function request() { %1 }")
+                                  .arg(QLatin1String(row.script)));
+            scene.root()->setProperty("view", QVariant::fromValue<QQuickItem *>(scene.view));
+            scene.root()->setProperty("item", QVariant::fromValue(scene.find("item")));
+            scene.view->setScrollPosition(scene.view->scrollPosition() + 300, true);
+            QCOMPARE(scene.view->normalizedScrollPosition(), 300.0 / 800);
+            if (row.key)
+                QTest::keyClick(scene.window(), Qt::Key(row.key));
+            else if (qstrcmp(row.script, "wheel") == 0)
+                wheel(scene.window(), QPoint(200, 200), -1);
+            else
+                QVERIFY(QMetaObject::invokeMethod(scene.root(), "request"));
+            QTRY_VERIFY(!isAnimating(scene.view));
+            QVERIFY2(scene.view->scrollPosition() == (flicks ? row.flickedEnd : row.end),
+                     row.script);
+            QCOMPARE(scene.find("item")->mapToItem(scene.view, QPointF()).y(),
+                     450 - scene.view->scrollPosition());
+        }
     }
 }
 

@@ -56,7 +56,6 @@ private Q_SLOTS:
     void suffixes();
     void suffixesAsStored();
     void builtInSuffixes();
-    void urlsAsTheyCame();
     void patterns_data();
     void patterns();
     void formats();
@@ -113,8 +112,17 @@ void tst_DropHandlers::suffixesAsStored()
     handler.setSuffixes({ QString() });
     QCOMPARE(dropped(handler, toUrls(words("file:///a. file:///b"))), QStringLiteral("a."));
 
+    // The URLs as they came.
+    handler.setSuffixes(words("pdf"));
+    const QList<QUrl> urls = toUrls(words("https://x.org/B.PDF?q=1 file:///a.pdf file:///a.pdf"));
+    QMimeData data;
+    data.setUrls(urls);
+    const QVariant value = handler.extractMimeData(&data);
+    QCOMPARE(value.userType(), qMetaTypeId<QList<QUrl>>());
+    QCOMPARE(value.value<QList<QUrl>>(), urls);
+
     QMimeData text;
-    text.setText(QStringLiteral("file:///a."));
+    text.setText(QStringLiteral("file:///a.pdf"));
     handler.setSuffixes({});
     QVERIFY(!handler.acceptsMimeData(&text));
 }
@@ -137,18 +145,6 @@ void tst_DropHandlers::builtInSuffixes()
     QVERIFY(!videos.setProperty("suffixes", words("txt")));
     QCOMPARE(dropped(videos, toUrls(words("file:///a.mp4 file:///b.txt file:///c.MOV"))),
              QStringLiteral("a.mp4 c.MOV"));
-}
-
-void tst_DropHandlers::urlsAsTheyCame()
-{
-    const QList<QUrl> urls = toUrls(words("https://x.org/B.PDF?q=1 file:///a.pdf file:///a.pdf"));
-    QMimeData data;
-    data.setUrls(urls);
-    FileDropHandler handler;
-    handler.setSuffixes(words("pdf"));
-    const QVariant value = handler.extractMimeData(&data);
-    QCOMPARE(value.userType(), qMetaTypeId<QList<QUrl>>());
-    QCOMPARE(value.value<QList<QUrl>>(), urls);
 }
 
 void tst_DropHandlers::patterns_data()

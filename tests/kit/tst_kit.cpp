@@ -5,6 +5,7 @@
 
 #include <TamberUi/PopupAnchor>
 #include <TamberUi/PopupStack>
+#include <TamberUi/SliderBase>
 
 #include <QtGui/QAccessible>
 
@@ -16,7 +17,7 @@ class tst_Kit : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { Scene::useKit(); }
     void secondEngine();
     void statesLookDifferent_data();
     void statesLookDifferent();
@@ -24,12 +25,9 @@ private Q_SLOTS:
     void accessibility();
     void focusFrame();
     void infoTip();
+    void sliderLabel();
+    void sliderKeys();
 };
-
-void tst_Kit::initTestCase()
-{
-    Scene::useKit();
-}
 
 // Engines share nothing that dies with one of them.
 void tst_Kit::secondEngine()
@@ -196,6 +194,57 @@ void tst_Kit::infoTip()
         const bool above = position.y() == 576;
         QCOMPARE(above ? area.bottom() : area.top(), position.y() + (above ? 0.0 : 24.0));
     }
+}
+
+// A label is no part of the track.
+void tst_Kit::sliderLabel()
+{
+    Scene scene(QStringLiteral("UiSlider { objectName: 'slider'; x: 50; y: 20; width: 200\n"
+                               "text: 'Volume'; valueText: 'loud'; maximumText: '11' }"),
+                QSize(300, 100));
+    auto *slider = scene.find<SliderBase>("slider");
+    click(scene.window(), QPoint(60, 30));
+    QCOMPARE(slider->value(), 0.5);
+    QVERIFY(!slider->hovered());
+    click(scene.window(), QPoint(60, 20 + 36));
+    QVERIFY(slider->value() < 0.1 && slider->hovered() && slider->hasActiveFocus());
+}
+
+void tst_Kit::sliderKeys()
+{
+    Scene scene(QStringLiteral("property var asked: []; property int passed: 0\n"
+                               "Keys.onPressed: ++passed\n"
+                               "UiSlider { objectName: 'slider'; value: 50; maximumValue: 100\n"
+                               "resetValue: 30; onUpdateRequested: asked.push(newValue) }"));
+    auto *slider = scene.find<SliderBase>("slider");
+    QTest::keyClick(scene.window(), Qt::Key_Tab);
+    QVERIFY(slider->hasActiveFocus());
+    const struct
+    {
+        Qt::Key key;
+        double value;
+    } rows[] = {
+        { Qt::Key_Up, 55 },     { Qt::Key_Left, 50 }, { Qt::Key_PageDown, 25 },
+        { Qt::Key_PageUp, 50 }, { Qt::Key_End, 100 }, { Qt::Key_Right, 100 },
+        { Qt::Key_Delete, 30 },
+    };
+    for (const auto &row : rows) {
+        QTest::keyClick(scene.window(), row.key);
+        QCOMPARE(slider->value(), row.value);
+    }
+    slider->setProperty("stepSize", 2);
+    QTest::keyClick(scene.window(), Qt::Key_Right);
+    QCOMPARE(slider->value(), 32.0);
+    QCOMPARE(scene.root()->property("passed").toInt(), 0);
+    QTest::keyClick(scene.window(), Qt::Key_Right, Qt::AltModifier);
+    QTest::keyClick(scene.window(), Qt::Key_A);
+    QCOMPARE(scene.root()->property("passed").toInt(), 3); // Alt itself is the third
+
+    slider->setBindable(true);
+    QTest::keyClick(scene.window(), Qt::Key_End);
+    QTest::keyClick(scene.window(), Qt::Key_Delete);
+    QCOMPARE(slider->value(), 32.0);
+    QCOMPARE(scene.root()->property("asked").toList(), QVariantList({ 100.0, 30.0 }));
 }
 
 TAMBER_TEST_MAIN(tst_Kit)

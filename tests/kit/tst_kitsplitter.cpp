@@ -15,7 +15,7 @@ class tst_KitSplitter : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { Scene::useKit(); }
     void init();
     void drag();
     void sizes();
@@ -33,11 +33,6 @@ private:
     DragHandle *m_handle = nullptr;
     SignalLog m_log;
 };
-
-void tst_KitSplitter::initTestCase()
-{
-    Scene::useKit();
-}
 
 void tst_KitSplitter::init()
 {

@@ -1,6 +1,7 @@
 // variants: scale2 x11
 #include "palettes/picking.h"
 
+#include "support/framecounter.h"
 #include "support/input.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
@@ -22,7 +23,6 @@ private Q_SLOTS:
     void withoutEngineOrWindow();
     void again();
     void ends();
-    void handlersThatDestroy_data();
     void handlersThatDestroy();
 };
 
@@ -231,9 +231,9 @@ void tst_Eyedropper::withoutEngineOrWindow()
     QQuickWindow window;
     window.setColor(Qt::green);
     ColorPickerBase picker(window.contentItem());
-    QSignalSpy frames(&window, &QQuickWindow::frameSwapped);
+    const FrameCounter frames(&window);
     window.show();
-    QTRY_VERIFY(!frames.isEmpty());
+    QTRY_VERIFY(frames.count() > 0);
     picker.pickColor();
     QVERIFY(canvasOf(&window)->childItems().isEmpty());
     press(&window, QPoint(10, 10)); // before the first snapshot
@@ -322,57 +322,50 @@ void tst_Eyedropper::ends()
     }
 }
 
-void tst_Eyedropper::handlersThatDestroy_data()
-{
-    QTest::addColumn<QByteArray>("signal");
-    QTest::addColumn<bool>("window");
-    for (bool window : { false, true }) {
-        for (const char *signal :
-             { "begin", "colour", "request", "end", "hover", "leave", "close" })
-            QTest::addRow("%s at %s", window ? "window" : "picker", signal)
-                << QByteArray(signal) << window;
-    }
-}
-
+// A handler of what a pick tells destroys the picker, or the window with all that is in it.
 void tst_Eyedropper::handlersThatDestroy()
 {
-    QFETCH(QByteArray, signal);
-    QFETCH(bool, window);
-    PickScene scene;
-    const QPointer<ColorPickerBase> picker = scene.picker();
-    bool done = false;
-    const auto strike = [&] {
-        if (std::exchange(done, true))
-            return;
-        if (window)
-            scene.destroyWindow();
-        else
-            delete picker;
+    const auto choose = [](QWindow *window) { press(window, QPoint(20, 20)); };
+    const auto close = [](QWindow *window) { window->close(); };
+    const auto hover = [](QWindow *window) { QTest::mouseMove(window, QPoint(21, 20)); };
+    const auto leave = [](QWindow *window) {
+        QEvent event(QEvent::Leave);
+        QCoreApplication::sendEvent(window, &event);
     };
-    picker->setBindable(signal == "request");
-    connect(picker, &ColorPickerBase::updateRequested, this, strike);
-    if (signal == "begin")
-        connect(picker, &ColorPickerBase::colorPickActiveChanged, this, strike);
-    ColorPickerCanvas *canvas = scene.pick();
-    if (signal == "colour")
-        connect(picker, &ColorPickerBase::colorChanged, this, strike);
-    if (signal == "end" || signal == "close")
-        connect(picker, &ColorPickerBase::colorPickActiveChanged, this, strike);
-    if (signal == "hover" || signal == "leave")
-        connect(canvas, &ColorPickerCanvas::previewColorChanged, this, strike);
-    if (signal == "hover") {
-        QTest::mouseMove(scene.window(), QPoint(21, 20));
-    } else if (signal == "leave") {
-        QEvent leave(QEvent::Leave);
-        QCoreApplication::sendEvent(scene.window(), &leave);
-    } else if (signal == "close") {
-        scene.window()->close();
-    } else if (!done) {
-        press(scene.window(), QPoint(20, 20));
+    const struct
+    {
+        const char *signal;
+        std::function<void(QWindow *)> cause; // none: the begin of the pick
+    } rows[] = {
+        { "colorPickActiveChanged", {} },    { "colorPickActiveChanged", choose },
+        { "colorPickActiveChanged", close }, { "colorChanged", choose },
+        { "updateRequested", choose },       { "previewColorChanged", hover },
+        { "previewColorChanged", leave },
+    };
+    for (bool window : { false, true }) {
+        for (const auto &row : rows) {
+            PickScene scene;
+            const QPointer<ColorPickerBase> picker = scene.picker();
+            const QString signal = QLatin1String(row.signal);
+            const auto strike = [&] {
+                if (window)
+                    scene.destroyWindow();
+                else
+                    delete picker;
+            };
+            picker->setBindable(signal == QLatin1String("updateRequested"));
+            if (!row.cause)
+                on(picker, signal, strike, 1);
+            QQuickItem *canvas = scene.pick();
+            if (row.cause) {
+                on(signal.startsWith(QLatin1String("preview")) ? canvas : picker, signal, strike,
+                   1);
+                row.cause(scene.window());
+            }
+            QVERIFY2(!picker, row.signal);
+            QVERIFY2(!isPicking(), row.signal);
+        }
     }
-    QVERIFY(done);
-    QVERIFY(!isPicking());
-    QVERIFY(!picker || !picker->colorPickActive());
 }
 
 TAMBER_TEST_MAIN(tst_Eyedropper)

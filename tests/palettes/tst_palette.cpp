@@ -6,6 +6,8 @@
 #include <TamberUi/GlobalDefaultPalette>
 #include <TamberUi/GlobalDefaultPaletteProvider>
 
+#include "palettes/palettelayout_p.h"
+
 using namespace ta::ui;
 using namespace ta::test;
 
@@ -22,6 +24,8 @@ private Q_SLOTS:
     void swatchesGo();
     void handlersThatDestroy();
     void providers();
+    void layout();
+    void layoutAtTheEdges();
 };
 
 namespace {
@@ -216,6 +220,51 @@ void tst_Palette::providers()
     Palette::installProvider(first.get()); // once more
     first.reset();
     QCOMPARE(Palette::providers(), before + QList<const PaletteProvider *> { &second });
+}
+
+// Where each patch lies, seen from the one before it.
+void tst_Palette::layout()
+{
+    for (int width = 22; width < 400; ++width) {
+        PaletteLayout layout(width);
+        QPoint last(-22, 0);
+        for (int count : { 6, 8, 8, 6, 4, 10 }) {
+            for (int i = 0; i < count; ++i) {
+                const int gap = i == 0 && last.x() >= 0 ? 5 : 0;
+                const QPoint beside = last + QPoint(22 + gap, 0);
+                const bool fits = beside.x() + 22 <= width;
+                last = layout.place(QSizeF(22, 22));
+                QCOMPARE(last, fits ? beside : QPoint(0, beside.y() + 27));
+            }
+            layout.endSwatch();
+        }
+        QCOMPARE(layout.height(), last.y() + 22.0);
+    }
+}
+
+void tst_Palette::layoutAtTheEdges()
+{
+    const struct
+    {
+        qreal width;
+        QVector<int> swatches;
+        QVector<QPoint> places;
+    } rows[] = {
+        { 70.9, { 2, 1 }, { { 0, 0 }, { 22, 0 }, { 0, 27 } } },
+        { 100, { 0, 0, 1, 0, 1 }, { { 0, 0 }, { 32, 0 } } },
+        { 0, { 2 }, { { 0, 27 }, { 0, 54 } } },
+        { qQNaN(), { 2 }, { { 0, 0 }, { 22, 0 } } },
+    };
+    for (const auto &row : rows) {
+        PaletteLayout layout(row.width);
+        QVector<QPoint> places;
+        for (int count : row.swatches) {
+            for (int i = 0; i < count; ++i)
+                places.append(layout.place(QSizeF(22, 22)));
+            layout.endSwatch();
+        }
+        QCOMPARE(places, row.places);
+    }
 }
 
 TAMBER_TEST_MAIN(tst_Palette)

@@ -17,7 +17,7 @@ class tst_PaletteItem : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { Scene::useKit(); }
     void places();
     void nothingToShow();
     void choosing();
@@ -72,11 +72,6 @@ public:
 };
 
 } // namespace
-
-void tst_PaletteItem::initTestCase()
-{
-    Scene::useKit();
-}
 
 void tst_PaletteItem::places()
 {

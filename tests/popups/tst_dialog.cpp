@@ -177,6 +177,9 @@ void tst_Dialog::sizeWhileShown()
     QCOMPARE(size(), QSizeF(600, 500));
     dialog->content()->setImplicitWidth(360);
     QCOMPARE(size(), QSizeF(600, 500));
+    dialog->setAutoSize(false);
+    QCOMPARE(size(), QSizeF(400, 333));
+    dialog->setAutoSize(true);
     scene.window()->resize(700, 500);
     QTRY_COMPARE(size(), QSizeF(500, 400));
     QTRY_COMPARE(dialog->rootItem()->size(), QSizeF(700, 500));
@@ -443,11 +446,18 @@ void tst_Dialog::clicksAndFocus()
     const QPointer<QQuickItem> host = scene.dialog->rootItem();
     const QPoint places[] = { QPoint(5, 5), center(scene.find("b")),
                               center(scene.pushButtons().constFirst()) };
+    SignalLog log;
+    QQmlListProperty<DialogButton> list = scene.dialog->buttons();
+    log.watch(list.at(&list, 0), names({ "clicked" }));
+    press(scene.window(), places[2]);
     scene.dialog->reject();
+    release(scene.window(), places[2]);
     for (const QPoint &place : places) {
         click(scene.window(), place);
         QVERIFY(host && scene.find("before")->hasActiveFocus());
     }
+    QVERIFY(log.take().isEmpty());
+    QVERIFY(host->isEnabled() && scene.find("b")->isEnabled()); // it fades as it was
     QTest::keyClick(scene.window(), Qt::Key_Tab);
     QVERIFY(!host->isAncestorOf(scene.window()->activeFocusItem()));
     QTRY_VERIFY(!host);

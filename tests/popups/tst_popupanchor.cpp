@@ -1,5 +1,6 @@
 // variants: threaded
 #include "popups.h"
+#include "support/framecounter.h"
 #include "support/input.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
@@ -152,7 +153,7 @@ void tst_PopupAnchor::restsWhenNothingMoves()
     QVERIFY(scene.waitForFrame());
     QVERIFY(scene.waitForFrame());
     QTest::qWait(50); // what is under way may still land
-    QSignalSpy frames(scene.window(), &QQuickWindow::beforeSynchronizing);
+    const FrameCounter frames(scene.window());
     QTest::qWait(300);
     QCOMPARE(frames.count(), 0);
     scene.anchor->hide();

@@ -132,6 +132,11 @@ void tst_Tooltips::whatIsShown_data()
     row("clipped elsewhere", clip(60, tip("", "yes")), "yes");
     row("below a popup", tip("", "no") + popup(60, {}), "");
     row("beside a popup", tip("", "yes") + popup(40, {}), "yes");
+    row("below a menu",
+        in("",
+           QStringLiteral("UiTooltip { text: 'no' }\n"
+                          "UiContextMenu { objectName: 'menu'; UiMenuItem { text: 'Entry' } }")),
+        "");
     row("in a popup, of another agent",
         tip("", "no")
             + popup(60, QStringLiteral("UiTooltip { text: 'lost' }\nUiTooltipAgent { %1 }")
@@ -159,6 +164,10 @@ void tst_Tooltips::whatIsShown()
     QFETCH(QString, items);
     QFETCH(QString, text);
     AgentScene scene(items);
+    if (auto *menu = scene.find<ContextMenu>("menu")) {
+        menu->showAt(scene.root(), QPointF(20, 20));
+        QVERIFY(scene.waitForFrame());
+    }
     scene.restAt(QPoint(50, 50));
     QCOMPARE(scene.agent->tooltipVisible(), !text.isEmpty());
     QCOMPARE(scene.agent->tooltipText(), text);

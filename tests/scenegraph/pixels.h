@@ -8,7 +8,6 @@
 
 #include <cmath>
 #include <functional>
-#include <limits>
 
 namespace ta::test {
 
@@ -66,44 +65,5 @@ inline QString whiteWindow()
     return QStringLiteral("Rectangle { anchors.fill: parent }");
 }
 const QSize kWindow(240, 160);
-
-/// Sizes that hosts do not mean.
-const double kStrangeExtents[] = { 0,
-                                   -70,
-                                   1e9,
-                                   1e300,
-                                   std::numeric_limits<double>::infinity(),
-                                   std::numeric_limits<double>::quiet_NaN() };
-
-/// Shows \a item in one window beside one that shows \a other, moves it to the other window, and
-/// takes that one away for a while, with all that it has of graphics. Returns the first difference
-/// from what \a difference says about a window and the items that it shows.
-template <typename Item, typename Difference>
-QString differenceBetweenWindows(Item *item, Item *other, const Difference &difference)
-{
-    Scene first(whiteWindow(), kWindow);
-    Scene second(whiteWindow(), kWindow - QSize(20, 40));
-    item->setParentItem(first.root());
-    other->setParentItem(second.root());
-    QString found = difference(first.window(), QVector<const Item *> { item });
-    found += difference(second.window(), QVector<const Item *> { other });
-
-    item->setParentItem(second.root());
-    found += difference(first.window(), QVector<const Item *>());
-    found += difference(second.window(), QVector<const Item *> { item, other });
-
-    second.window()->setPersistentOpenGLContext(false);
-    second.window()->setPersistentSceneGraph(false);
-    second.window()->hide();
-    if (!QTest::qWaitFor([&] { return !second.window()->isExposed(); }))
-        found += QStringLiteral("The window stays");
-    second.window()->show();
-    found += difference(second.window(), QVector<const Item *> { item, other });
-    first.destroyWindow();
-    found += difference(second.window(), QVector<const Item *> { item, other });
-    item->setParentItem(nullptr);
-    other->setParentItem(nullptr);
-    return found;
-}
 
 } // namespace ta::test

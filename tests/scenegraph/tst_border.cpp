@@ -1,6 +1,5 @@
 // variants: threaded scale2 x11
 #include "pixels.h"
-#include "support/paintprobe.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
 
@@ -12,8 +11,6 @@ using namespace ta::ui;
 using namespace ta::test;
 
 namespace {
-
-using Probe = PaintProbe<Border>;
 
 struct Look
 {
@@ -100,60 +97,71 @@ class tst_Border : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void setters();
+    void leastWidths();
     void pixels();
+    void neighbours();
     void translucent();
-    void changes();
-    void windows();
-    void strangeSizes();
 };
 
-// What is stored, what is said about it, and that nothing is drawn anew where nothing has changed.
-void tst_Border::setters()
+void tst_Border::leastWidths()
 {
-    Scene scene(whiteWindow(), kWindow);
-    auto *border = new Probe(scene.root());
-    border->setSize(QSizeF(100, 50));
-    QVERIFY(scene.waitForFrame());
+    Border border;
     SignalLog log;
-    log.watch(border);
-    border->paints = 0;
-    const Look unchanged { QRectF(0, 0, 100, 50) };
-    unchanged.apply(border);
-    QVERIFY(scene.waitForFrame());
-    QCOMPARE(border->paints, 0);
-
-    const Look tooSmall { unchanged.area, 0, -1, INT_MIN };
-    tooSmall.apply(border);
-    QCOMPARE(border->borderWidth(), 1);
-    QCOMPARE(border->dashWidth(), 1);
-    QCOMPARE(border->gapWidth(), 1);
-    const Look solid { unchanged.area, 1, 1, 1, Border::Solid, Qt::red };
-    solid.apply(border);
-    QCOMPARE(log.take(), names({ "borderWidthChanged", "dashWidthChanged", "gapWidthChanged",
-                                 "styleChanged", "colorChanged" }));
-    QVERIFY(scene.waitForFrame());
-    QVERIFY(border->paints > 0);
+    log.watch(&border);
+    Look { QRectF(), 0, -1, INT_MIN }.apply(&border);
+    QCOMPARE(border.borderWidth(), 1);
+    QCOMPARE(border.dashWidth(), 1);
+    QCOMPARE(border.gapWidth(), 1);
+    Look { QRectF(), 1, 1, 1 }.apply(&border);
+    QCOMPARE(log.take(), names({ "borderWidthChanged", "dashWidthChanged", "gapWidthChanged" }));
 }
 
+// Each row becomes the next one while the border is shown.
 void tst_Border::pixels()
 {
     const QRectF area(20, 30, 100, 50);
     const QRectF odd(20, 30, 100, 51);
+    const QRectF other(33, 44, 155, 66);
     const Look looks[] = {
-        { area, 2, 8, 4 }, // all corners painted
+        {}, // all corners painted
         { QRectF(20, 30, 105, 50), 2, 8, 4 }, // two corners empty
         { odd, 12, 2, 3 }, // dashes within a corner
         { QRectF(20, 30, 100.125, 50.125), 3, 8, 4 },
         { QRectF(QPointF(), kWindow), 1, 5, 3 },
         { area, 3, 40, 1000 }, // no second dash
-        { QRectF(20, 30, 10, 50), 5, 8, 4, Border::Solid },
+        { area, 3, 40, 7 },
+        { area, 3, 11, 7 },
+        { area, 3, 11, 7, Border::Dashed, Qt::darkGreen },
+        { area, 5, 11, 7, Border::Dashed, Qt::darkGreen },
+        { other, 5, 11, 7, Border::Dashed, Qt::darkGreen },
+        { other, 7, 11, 7, Border::Solid, Qt::red },
+        { QRectF(20, 30, 14, 50), 7, 11, 7, Border::Solid, Qt::red }, // nothing inside
+        { other, 7, 11, 7, Border::Dashed, Qt::red },
     };
     Scene scene(whiteWindow(), kWindow);
+    Border *border = looks[0].make(scene.root());
     for (const Look &look : looks) {
-        const std::unique_ptr<Border> border(look.make(scene.root()));
+        look.apply(border);
         QCOMPARE(difference(scene.window(), { look }), QString());
     }
+    border->setStyle(Border::BorderStyle(7)); // none that exists
+    QCOMPARE(difference(scene.window(), QVector<Look>()), QString());
+}
+
+// Drawn one after the other, each of them with what is its own; the first and the last together.
+void tst_Border::neighbours()
+{
+    const QVector<Look> looks = {
+        { QRectF(5, 5, 60, 40), 3, 8, 4 },
+        { QRectF(75, 5, 60, 40), 3, 8, 9 },
+        { QRectF(145, 5, 60, 40), 3, 5, 9 },
+        { QRectF(5, 55, 60, 40), 3, 5, 9, Border::Dashed, Qt::red },
+        { QRectF(145, 55, 71, 43), 3, 8, 4 },
+    };
+    Scene scene(whiteWindow(), kWindow);
+    for (const Look &look : looks)
+        look.make(scene.root());
+    QCOMPARE(difference(scene.window(), looks), QString());
 }
 
 // A dash adds its colour as it is, a solid border its share of it. Opacity takes from both.
@@ -177,78 +185,6 @@ void tst_Border::translucent()
     border->setOpacity(1);
     border->setStyle(Border::Solid);
     QCOMPARE(expect(QColor(100, 50, 20)), QString());
-}
-
-// Every property reaches the screen while the border is shown.
-void tst_Border::changes()
-{
-    Scene scene(whiteWindow(), kWindow);
-    const QRectF area(33, 44, 155, 66);
-    const Look looks[] = {
-        {},
-        { QRectF(20, 30, 100, 50), 2, 11, 4 },
-        { QRectF(20, 30, 100, 50), 2, 11, 7, Border::Dashed, Qt::darkGreen },
-        { QRectF(20, 30, 100, 50), 5, 11, 7, Border::Dashed, Qt::darkGreen },
-        { area, 5, 11, 7, Border::Dashed, Qt::darkGreen },
-        { area, 7, 11, 7, Border::Solid, Qt::red },
-        { area, 7, 11, 7, Border::Dashed, Qt::red },
-    };
-    Border *border = looks[0].make(scene.root());
-    for (const Look &look : looks) {
-        look.apply(border);
-        QCOMPARE(difference(scene.window(), { look }), QString());
-    }
-    border->setStyle(Border::BorderStyle(7)); // none that exists
-    QCOMPARE(difference(scene.window(), QVector<Look>()), QString());
-
-    // Drawn one after the other, each of them with what is its own; the first and the last
-    // together.
-    const QVector<Look> neighbours = {
-        { QRectF(5, 5, 60, 40), 3, 8, 4 },
-        { QRectF(75, 5, 60, 40), 3, 8, 9 },
-        { QRectF(145, 5, 60, 40), 3, 5, 9 },
-        { QRectF(5, 55, 60, 40), 3, 5, 9, Border::Dashed, Qt::red },
-        { QRectF(145, 55, 71, 43), 3, 8, 4 },
-    };
-    for (const Look &look : neighbours)
-        look.make(scene.root());
-    QCOMPARE(difference(scene.window(), neighbours), QString());
-}
-
-void tst_Border::windows()
-{
-    const Look dashed { QRectF(5, 5, 60, 40), 3, 8, 4 };
-    const Look solid { QRectF(75, 5, 60, 40), 3, 5, 9, Border::Solid, Qt::red };
-    const std::unique_ptr<Border> item(dashed.make(nullptr));
-    const std::unique_ptr<Border> other(solid.make(nullptr));
-    const auto compare = [&](QQuickWindow *window, const QVector<const Border *> &shown) {
-        QVector<Look> looks;
-        for (const Border *border : shown)
-            looks.append(border == item.get() ? dashed : solid);
-        return difference(window, looks);
-    };
-    QCOMPARE(differenceBetweenWindows(item.get(), other.get(), compare), QString());
-}
-
-// They draw nothing that could be relied on, but they harm nobody either.
-void tst_Border::strangeSizes()
-{
-    Scene scene(whiteWindow(), kWindow);
-    const Look usual { QRectF(80, 80, 60, 40) };
-    usual.make(scene.root());
-    // Clipped and white, so that what is left to be seen is the usual one.
-    auto *clip = new QQuickItem(scene.root());
-    clip->setClip(true);
-    clip->setSize(QSizeF(60, 60));
-    for (Border::BorderStyle style : { Border::Dashed, Border::Solid }) {
-        Border *narrow = Look { QRectF(), 3, 8, 4, style, Qt::white }.make(clip);
-        Border *wide = Look { QRectF(), INT_MAX, INT_MAX, INT_MAX, style, Qt::white }.make(clip);
-        for (double extent : kStrangeExtents) {
-            narrow->setSize(QSizeF(extent, 20));
-            wide->setSize(QSizeF(extent, extent));
-            QCOMPARE(difference(scene.window(), { usual }), QString());
-        }
-    }
 }
 
 TAMBER_TEST_MAIN(tst_Border)

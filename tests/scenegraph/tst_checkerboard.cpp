@@ -1,6 +1,5 @@
 // variants: threaded scale2 x11
 #include "pixels.h"
-#include "support/paintprobe.h"
 #include "support/signallog.h"
 #include "support/testcase.h"
 
@@ -14,8 +13,6 @@ using namespace ta::ui;
 using namespace ta::test;
 
 namespace {
-
-using Probe = PaintProbe<CheckerBoard>;
 
 CheckerBoard *makeBoard(QQuickItem *parent, const QRectF &area, int tileSize = 12)
 {
@@ -84,50 +81,24 @@ class tst_CheckerBoard : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void setters();
-    void handlersThatDestroy();
+    void tileSizes();
     void material();
     void pixels();
     void moves();
     void translucent();
-    void windows();
-    void strangeSizes();
 };
 
-void tst_CheckerBoard::setters()
+void tst_CheckerBoard::tileSizes()
 {
-    Scene scene(whiteWindow(), kWindow);
-    auto *board = new Probe(scene.root());
-    board->setSize(QSizeF(100, 50));
-    QVERIFY(scene.waitForFrame());
+    CheckerBoard board;
     SignalLog log;
-    log.watch(board);
-    board->paints = 0;
-    board->setTileSize(12);
-    board->setPrimaryColor(Qt::white);
-    board->setSecondaryColor(QColor(0xDD, 0xDD, 0xDD));
-    QVERIFY(scene.waitForFrame());
-    QCOMPARE(board->paints, 0);
-
+    log.watch(&board);
     const QPair<int, int> rows[] = { { 1, 2 }, { INT_MIN, 2 }, { 101, 100 }, { INT_MAX, 100 } };
     for (const auto &row : rows) {
-        board->setTileSize(row.first);
-        QCOMPARE(board->tileSize(), row.second);
+        board.setTileSize(row.first);
+        QCOMPARE(board.tileSize(), row.second);
     }
-    board->setPrimaryColor(Qt::red);
-    board->setSecondaryColor(Qt::blue);
-    QCOMPARE(log.take(), names({ "tileSizeChanged", "tileSizeChanged", "primaryColorChanged",
-                                 "secondaryColorChanged" }));
-    QVERIFY(scene.waitForFrame());
-    QVERIFY(board->paints > 0);
-}
-
-void tst_CheckerBoard::handlersThatDestroy()
-{
-    QPointer<CheckerBoard> board = new CheckerBoard;
-    connect(board, &CheckerBoard::tileSizeChanged, this, [&] { delete board; });
-    board->setTileSize(5);
-    QVERIFY(!board);
+    QCOMPARE(log.take(), names({ "tileSizeChanged", "tileSizeChanged" }));
 }
 
 void tst_CheckerBoard::material()
@@ -220,30 +191,6 @@ void tst_CheckerBoard::translucent()
     board->setOpacity(1);
     board->setPrimaryColor(Qt::red);
     QCOMPARE(expect(Qt::red, Qt::black), QString());
-}
-
-void tst_CheckerBoard::windows()
-{
-    const std::unique_ptr<CheckerBoard> item(makeBoard(nullptr, QRectF(5, 5, 60, 40)));
-    const std::unique_ptr<CheckerBoard> other(makeBoard(nullptr, QRectF(75, 5, 60, 40), 7));
-    QCOMPARE(differenceBetweenWindows(item.get(), other.get(), difference), QString());
-}
-
-void tst_CheckerBoard::strangeSizes()
-{
-    Scene scene(whiteWindow(), kWindow);
-    auto *clip = new QQuickItem(scene.root());
-    clip->setClip(true);
-    clip->setSize(QSizeF(60, 60));
-    CheckerBoard *strange = makeBoard(clip, QRectF());
-    strange->setSecondaryColor(Qt::white);
-    const CheckerBoard *usual = makeBoard(scene.root(), QRectF(80, 80, 60, 40));
-    for (double extent : kStrangeExtents) {
-        for (double height : { 20.0, extent }) {
-            strange->setSize(QSizeF(extent, height));
-            QCOMPARE(difference(scene.window(), { usual }), QString());
-        }
-    }
 }
 
 TAMBER_TEST_MAIN(tst_CheckerBoard)

@@ -12,21 +12,34 @@ Rectangle {
 
     readonly property bool discarded: state === "discarded"
 
-    // Fades out and destroys itself.
+    // Fades out and destroys itself. All that while it looks as it did, but is only a picture.
     signal discard()
+
+    // Tab finds nothing in it any more.
+    function removeStops(item) {
+        item.activeFocusOnTab = false
+        for (let index = 0; index < item.children.length; ++index)
+            removeStops(item.children[index])
+    }
 
     anchors.fill: parent
     color: "#11000000"
     opacity: 0
 
     Component.onCompleted: state = "visible"
-    onDiscard: state = "discarded"
+    onDiscard: {
+        state = "discarded"
+        content.focus = false
+        removeStops(content)
+    }
 
     MouseArea {
         anchors.fill: parent
+        z: dialogCover.discarded ? 2 : 0
         acceptedButtons: Qt.AllButtons
         hoverEnabled: true
 
+        onWheel: wheel.accepted = dialogCover.discarded
         onClicked: {
             const active = Window.activeFocusItem
             if (dialogCover.discarded || !active) // the focus is elsewhere by now
@@ -74,7 +87,6 @@ Rectangle {
         anchors.centerIn: parent
         z: 1
         activeFocusOnTab: true
-        enabled: !dialogCover.discarded // takes no focus while it fades
         focus: true
         objectName: "_ta_dialogContent"
 

@@ -135,7 +135,9 @@ bool DragZonePrivate::move(const QMouseEvent *event)
         abandon();
         return false;
     }
-    if (state != Pressed || released)
+    // A release leaves the state alone, so a click with another button may follow.
+    const bool isOfAnotherButton = event->buttons() && !event->buttons().testFlag(Qt::LeftButton);
+    if (state != Pressed || isOfAnotherButton)
         return true;
     if (!mimeData || !mimeData->isValid())
         state = Idle;

@@ -116,8 +116,14 @@ bool Dialog::autoSize() const
 
 void Dialog::setAutoSize(bool autoSize)
 {
-    if (assign(d->autoSize, autoSize))
-        d->resized(&Dialog::autoSizeChanged);
+    if (!assign(d->autoSize, autoSize))
+        return;
+    const QPointer<Dialog> guard(this);
+    d->resized(&Dialog::autoSizeChanged);
+    // The bindings to the content's size are active again and have written it: a fixed one goes
+    // before.
+    if (guard)
+        d->updateDialogSize();
 }
 
 QPoint Dialog::autoSizeMargins() const

@@ -209,6 +209,11 @@ void DialogPrivate::discard()
     ++locks;
     QQmlEngine::setObjectOwnership(closing, QQmlEngine::JavaScriptOwnership);
     QMetaObject::invokeMethod(closing, "discard");
+    // What is being pressed in there must not become a click any more.
+    QQuickItem *grabber = closing && closing->window() ? closing->window()->mouseGrabberItem()
+                                                       : nullptr;
+    if (isInside(closing, grabber))
+        grabber->ungrabMouse();
     if (!guard)
         return;
     --locks;

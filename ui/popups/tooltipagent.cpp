@@ -254,14 +254,18 @@ bool TooltipAgentPrivate::isTarget(const QQuickItem *item, const QQuickItem *cov
     return !cover || cover == item || cover->isAncestorOf(item);
 }
 
-// The item of the open popup that the pointer is over; null where there is none.
+// The item of the open popup that the pointer is over; null where there is none. That of a menu has
+// no size: what one sees of it lies inside.
 QQuickItem *TooltipAgentPrivate::popupUnderPointer() const
 {
     const auto *popup = qobject_cast<IPopup *>(PopupStack::top());
-    QQuickItem *item = popup ? popup->rootItem() : nullptr;
-    const bool covers = item && item->window() == q->window()
-                        && containsScenePosition(item, lastMousePos);
-    return covers ? item : nullptr;
+    const QPointer<QQuickItem> item = popup ? popup->rootItem() : nullptr;
+    if (!item || item->window() != q->window())
+        return nullptr;
+    const QPointF position = item->mapFromScene(lastMousePos);
+    const bool covers = item->contains(position)
+                        || (item && item->childAt(position.x(), position.y()));
+    return covers ? item.data() : nullptr;
 }
 
 // Goes through all tooltips and so has to be quick with those that lie elsewhere: the order of what

@@ -42,6 +42,8 @@ Card {
         id: contentSized
 
         label: qsTr("Content")
+
+        onRejected: root.answered(this, qsTr("closed"))
     }
 
     BoardDialog {
@@ -49,7 +51,9 @@ Card {
 
         width: 480
         height: 320
-        label: qsTr("480 x 320")
+        label: qsTr("480 \u00d7 320")
+
+        onRejected: root.answered(this, qsTr("closed"))
     }
 
     BoardDialog {
@@ -59,6 +63,8 @@ Card {
         autoSizeMargins: Qt.point(64, 48)
         instructionText: qsTr("64 pixels remain at the sides, 48 above and below, whatever the size of the window.")
         label: qsTr("Window")
+
+        onRejected: root.answered(this, qsTr("closed"))
     }
 
     UiDialog {

@@ -48,6 +48,8 @@ Card {
                     }
 
                     UiContextMenu {
+                        itemStyle: UiContextMenu.OnlyText
+
                         UiMenuItem {
                             text: qsTr("Duplicate")
 
