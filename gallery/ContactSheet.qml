@@ -13,9 +13,10 @@ Rectangle {
 
     readonly property var names: probe.iconNamesForSize(size).filter(name => name !== "")
     readonly property bool dark: look === "dark" || look === "highlighted"
-    readonly property int columns: 12
+    readonly property int columns: 10
+    readonly property int cellWidth: 136 // the longest name of all
 
-    width: columns * 104 + 32
+    width: columns * cellWidth + 32
     height: Math.ceil(names.length / columns) * 80 + 32
     color: UiColors.getColor(dark ? UiColors.DarkGrey80 : UiColors.White)
 
@@ -34,7 +35,7 @@ Rectangle {
             model: root.names
 
             Glyph {
-                width: 104
+                width: root.cellWidth
                 disabled: root.look === "disabled" ? 1 : 0
                 highlight: root.look === "highlighted" ? 1 : 0
                 highlightColor: UiColors.getColor(UiColors.HoverGreen)

@@ -161,6 +161,7 @@ void tst_DefaultSlider::whatIsRewritten()
         { "valueBarOrigin", 0.25f, "b", 0.250001f },
         { "valueBarHeight", 7, "b" },
         { "valueBarColor", red, "b" },
+        { "margin", 9, "tbh" },
         { "minimumValue", 0.25, "" }, // while the value stays
     };
     for (const auto &row : rows) {

@@ -24,7 +24,8 @@ Q_DECLARE_METATYPE(Act)
 
 namespace {
 
-// A drag item whose hotspot is its middle, what it shows, and a zone that takes drops.
+// A drag item whose hotspot is its middle, what it shows, a zone that takes drops, and an area that
+// tells the source so.
 const QString kScene = QStringLiteral(R"(
     id: root
     property var dropped
@@ -54,11 +55,16 @@ const QString kScene = QStringLiteral(R"(
         onDrop: root.dropped = [data.id, dragSource]
         UiMimeDropHandler { acceptedMimeTypes: "application/x-card" }
     }
+    DropArea {
+        x: 400; y: 300; width: 100; height: 100
+        onDropped: drop.accept()
+    }
 )");
 
 const QPoint kSource(150, 150);
 const QPoint kNowhere(300, 300);
 const QPoint kTarget(450, 150);
+const QPoint kAcceptingTarget(450, 350);
 
 // Tells how many events of the window it has seen.
 class ProbeZone : public DragZone
@@ -463,10 +469,10 @@ void tst_DragLife::engineGoes()
 void tst_DragLife::manyDrags()
 {
     const int children = m_scene->window()->contentItem()->childItems().count();
+    const QPoint ends[] = { kNowhere, kTarget, kAcceptingTarget };
     const auto drags = [&](int count) {
         for (int i = 0; i < count; ++i) {
-            QVERIFY(
-                runDrag({ [&] { moveTo(kTarget); }, [&] { dropAt(i % 2 ? kTarget : kNowhere); } }));
+            QVERIFY(runDrag({ [&] { moveTo(kTarget); }, [&] { dropAt(ends[i % 3]); } }));
             QCoreApplication::processEvents();
         }
         m_log.take();

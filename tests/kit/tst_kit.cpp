@@ -7,7 +7,9 @@
 #include <TamberUi/PopupStack>
 #include <TamberUi/SliderBase>
 
+#include <QtCore/QDir>
 #include <QtGui/QAccessible>
+#include <QtGui/QImageReader>
 
 using namespace ta::ui;
 using namespace ta::test;
@@ -19,6 +21,7 @@ class tst_Kit : public TestCase
 private Q_SLOTS:
     void initTestCase() { Scene::useKit(); }
     void secondEngine();
+    void sharpImages();
     void statesLookDifferent_data();
     void statesLookDifferent();
     void accessibility_data();
@@ -45,6 +48,20 @@ void tst_Kit::secondEngine()
     QMetaObject::invokeMethod(first.find("combo"), "show");
     QVERIFY(first.find("combo")->property("popupVisible").toBool());
     QTest::keyClick(first.window(), Qt::Key_Escape);
+}
+
+// Beside the library's images lie those for screens of twice the density, its own and the kit's.
+void tst_Kit::sharpImages()
+{
+    const Scene scene(QStringLiteral("UiText { }"));
+    const QDir images(QStringLiteral(":/ui/images"));
+    const QStringList names = images.entryList({ QStringLiteral("*@2x.png") });
+    QCOMPARE(names.count(), 11);
+    for (const QString &name : names) {
+        const QImage plain(images.filePath(QString(name).remove(QStringLiteral("@2x"))));
+        QVERIFY2(!plain.isNull(), qPrintable(name));
+        QCOMPARE(QImageReader(images.filePath(name)).size(), 2 * plain.size());
+    }
 }
 
 void tst_Kit::statesLookDifferent_data()

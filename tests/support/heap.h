@@ -12,7 +12,7 @@ constexpr bool kHeapTells = true;
 
 /*!
     Whether the heap's bytes in use are within 1 % of what they were, or fewer, once \a work has
-   run. What fills a cache runs before. Where the heap does not tell, \a work only runs.
+    run. What fills a cache runs before. Where the heap does not tell, \a work only runs.
 */
 bool keepsHeap(const std::function<void()> &work);
 

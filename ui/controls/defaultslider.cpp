@@ -261,6 +261,13 @@ void DefaultSlider::valueChange()
     updateHandle();
 }
 
+// All that lies between the margins.
+void DefaultSlider::marginChange()
+{
+    d->markDirty(DefaultSliderPrivate::DirtyTrack);
+    updateHandle();
+}
+
 void DefaultSlider::updateHandle()
 {
     d->markDirty(DefaultSliderPrivate::DirtyHandle | DefaultSliderPrivate::DirtyValueBar);

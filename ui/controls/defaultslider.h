@@ -105,6 +105,7 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData &value) override;
     QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override;
     void valueChange() override;
+    void marginChange() override;
 
 private Q_SLOTS:
     void updateHandle();

@@ -172,8 +172,10 @@ int SliderBase::margin() const
 
 void SliderBase::setMargin(int margin)
 {
-    if (assign(d->margin, margin))
-        Q_EMIT marginChanged();
+    if (!assign(d->margin, margin))
+        return;
+    marginChange();
+    Q_EMIT marginChanged();
 }
 
 bool SliderBase::isBindable() const
@@ -209,6 +211,8 @@ void SliderBase::reset()
 }
 
 void SliderBase::valueChange() {}
+
+void SliderBase::marginChange() {}
 
 // QML assigns in an order of its own, so the value may have come before its bounds.
 void SliderBase::componentComplete()

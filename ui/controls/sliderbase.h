@@ -110,9 +110,11 @@ protected:
     void hoverEnterEvent(QHoverEvent *event) override;
     void hoverLeaveEvent(QHoverEvent *event) override;
 
-    /// Called before each valueChanged(), for what a derived class shows of the value: a connection
-    /// would cost it more memory than the rest of the slider. Does nothing here.
+    /// Called before each valueChanged() and marginChanged(), for what a derived class shows of
+    /// them: a connection would cost it more memory than the rest of the slider. They do nothing
+    /// here.
     virtual void valueChange();
+    virtual void marginChange();
 
 private:
     friend class SliderBasePrivate;

@@ -15,12 +15,12 @@ class DragHandlePrivate;
     what lies beside it: a splitter, the edge of a panel, the border of a column.
 
     It shows a resize cursor, and keeps it wherever the pointer goes during a drag. Nothing takes
-   the mouse from it: it works inside a flickable or a drag zone. It moves nothing by itself and
-   draws nothing. The platform's drag and drop has no part in it.
+    the mouse from it: it works inside a flickable or a drag zone. It moves nothing by itself and
+    draws nothing. The platform's drag and drop has no part in it.
 
     A drag ends with the release of the left button, and also when the handle is disabled, hidden or
     taken out of its window. A handle that is destroyed gives the application's cursor back without
-   a signal.
+    a signal.
 
     QML: \c UiDragHandle.
 */

@@ -39,8 +39,8 @@ DragZoneAttachedObject *attachedObject(QObject *object)
 
 /*
     Idle -> Pressed      the left button goes down on an item inside the zone
-    Pressed -> Idle      a move without a valid payload, or while somebody keeps the mouse to
-   himself Pressed -> Dragging  a move beyond the threshold; doDrag() follows from the event loop
+    Pressed -> Idle      a move without a valid payload, or while an item keeps the mouse to itself
+    Pressed -> Dragging  a move beyond the threshold; doDrag() follows from the event loop
     Dragging -> Idle     the drag comes to nothing before doDrag() has called the platform
     Dragging -> Finished the platform's drag has ended
     Finished -> Pressed  as from Idle

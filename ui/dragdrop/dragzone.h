@@ -17,9 +17,9 @@ class DragZonePrivate;
     Makes the items inside it things that can be dragged to other places and to other applications.
 
     A drag begins when the left button is pressed on an item inside the zone and the pointer then
-    goes 25 logical pixels or more (horizontally and vertically added up). It carries what \l
-   mimeData makes of itself at that moment, and the platform's drag and drop takes over: other items
-   of the window, other windows and other processes may take it, as a copy, a move or a link.
+    goes 25 logical pixels or more (horizontally and vertically added up). It carries what
+    \l mimeData makes of itself at that moment, and the platform's drag and drop takes over: other
+    items of the window, other windows and other processes may take it, as a copy, a move or a link.
 
     An item made from \l dragDelegate follows the pointer while that is over the zone's window. Its
     root knows more through the attached properties; see DragZoneAttachedObject.
@@ -27,14 +27,14 @@ class DragZonePrivate;
     A click is left to the item it hits, and so is a drag as long as that item keeps the mouse to
     itself (\c keepMouseGrab, as a DragHandle does). A control that takes the mouse events of the
     items inside it can hand them on through proxyMouseEvent(). Of zones inside each other, one
-   drags.
+    drags.
 
     A drag ends with the drop, with Escape, and where something goes that it cannot do without: the
     zone's window is hidden or destroyed, or its QObject parent, its payload, its delegate or its
-   QML engine is. In each case dragActiveChanged() and dragEnded() come once. While it lasts the
-   zone has no QObject parent, so that it lives until the end; where the parent is gone then, the
-   zone goes as well. One that is deleted outright in the middle of a drag cancels it without these
-   signals.
+    QML engine is. In each case dragActiveChanged() and dragEnded() come once. While it lasts the
+    zone has no QObject parent, so that it lives until the end; where the parent is gone then, the
+    zone goes as well. One that is deleted outright in the middle of a drag cancels it without these
+    signals.
 
     QML: \c UiDragZone.
 */

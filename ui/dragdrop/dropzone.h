@@ -15,8 +15,8 @@ class DropZonePrivate;
     An area that takes what is dropped on it, from this application and from others.
 
     It asks its handlers in their order. The first enabled one that accepts a drag becomes the
-   active handler, and stays it until the drag leaves or drops; what nobody accepts goes on to the
-   items behind the zone. Handlers are its default property: they are declared inside.
+    active handler, and stays it until the drag leaves or drops; what nobody accepts goes on to the
+    items behind the zone. Handlers are its default property: they are declared inside.
 
     A drag also leaves when the active handler is destroyed or the zone goes to another window.
 

@@ -12,7 +12,7 @@ class FileDropHandlerPrivate;
     Takes files and links by the ends of their names.
 
     It accepts a drag when at least one of its URLs matches, and drops those that do, in their
-   order, as a list of URLs. Nothing has to be a local file, or to exist.
+    order, as a list of URLs. Nothing has to be a local file, or to exist.
 
     QML: \c UiFileDropHandler.
 */

@@ -15,7 +15,7 @@ class JsonMimeDataPrivate;
 
     The drag carries that one format, and in it the indented text of the object. What JSON cannot
     say arrives as JSON says it: infinities and NaN as null, and an object that is nested deeper
-   than Qt reads (1,024 levels) as an empty one.
+    than Qt reads (1,024 levels) as an empty one.
 
     QML: \c UiJsonMimeData.
 */
