@@ -136,12 +136,24 @@ Page {
                     Repeater {
                         model: pictures.urls.slice(0, 9)
 
-                        UiThumbnail {
+                        Item {
                             readonly property int rows: Math.ceil(Math.min(9, pictures.urls.length) / parent.columns)
 
                             width: Math.floor((parent.width - 8 * (parent.columns - 1)) / parent.columns)
                             height: Math.floor((parent.height - 8 * (rows - 1)) / rows)
-                            source: modelData
+
+                            UiThumbnail {
+                                anchors.fill: parent
+                                source: modelData
+                            }
+
+                            // Links are taken, too, but nothing is fetched for them.
+                            UiIcon {
+                                anchors.centerIn: parent
+                                iconName: "image-element"
+                                opacity: 0.5
+                                visible: !modelData.toString().startsWith("file:")
+                            }
                         }
                     }
                 }

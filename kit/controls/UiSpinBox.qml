@@ -145,6 +145,16 @@ FocusScope {
                 text: root.unit
                 textFormat: Text.PlainText
                 verticalAlignment: Text.AlignVCenter
+
+                // A press there is one behind the number.
+                TapHandler {
+                    onPressedChanged: {
+                        if (!pressed)
+                            return
+                        field.forceActiveFocus(Qt.MouseFocusReason)
+                        field.textInput.cursorPosition = field.textInput.length
+                    }
+                }
             }
         }
     }

@@ -193,7 +193,7 @@ void tst_KitText::spinBoxTyping()
 // A press steps at once, and goes on while it is held; the field has the focus then, and the wheel.
 void tst_KitText::spinBoxArrowsAndWheel()
 {
-    Control scene("UiSpinBox", "value: 5; maximumValue: 8");
+    Control scene("UiSpinBox", "value: 5; maximumValue: 8; unit: 'dB'");
     auto *up = scene.find("controlUp");
     auto *down = scene.find("controlDown");
     wheel(scene.window(), center(scene.item), 1);
@@ -207,6 +207,12 @@ void tst_KitText::spinBoxArrowsAndWheel()
     release(scene.window(), center(up));
     wheel(scene.window(), center(scene.item), -2);
     QCOMPARE(scene.number(), 6.0);
+
+    // A press on the unit is one behind the number.
+    scene.find<LineEditBase>("controlField")->setFocus(false);
+    click(scene.window(), center(down) - QPoint(25, 10));
+    type(scene.window(), QStringLiteral(".5"));
+    QCOMPARE(scene.shown(), QStringLiteral("6.5"));
 }
 
 // Both bounds arrive, whichever is written first and whatever they were.

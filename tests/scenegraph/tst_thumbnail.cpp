@@ -7,8 +7,11 @@
 
 #include <TamberUi/Thumbnail>
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QThreadPool>
+
+#include <atomic>
 
 using namespace ta::ui;
 using namespace ta::test;
@@ -30,6 +33,7 @@ private Q_SLOTS:
     void otherScreen();
     void declaredPropertiesLoadOnce();
     void windowClosedWhileLoading();
+    void arrivalsShareFrames();
 
 private:
     QDir folder() const { return QDir(m_folder.path()); }
@@ -259,6 +263,34 @@ void tst_Thumbnail::windowClosedWhileLoading()
     probe.release();
     waitForLoads();
     QCOMPARE(probe.readCount(), 4);
+}
+
+// There is one in 33 ms at most for all that arrive, and the last one is not forgotten.
+void tst_Thumbnail::arrivalsShareFrames()
+{
+    constexpr int kPictures = 40;
+    Board board({});
+    const ProbeImage probe(folder(), QStringLiteral("shared"), QSize(8, kPictures));
+    QVector<Thumbnail *> thumbnails;
+    for (int i = 0; i < kPictures; ++i) {
+        thumbnails.append(board.addThumbnail({}, QRect(i % 10 * 40, i / 10 * 40, 30, 30)));
+        thumbnails.last()->setRegion(QRect(0, i, 8, 1)); // a load of its own
+    }
+    QVERIFY(board.waitForFrame());
+    std::atomic_int frames = 0;
+    connect(
+        board.window(), &QQuickWindow::frameSwapped, board.window(), [&] { ++frames; },
+        Qt::DirectConnection);
+    QElapsedTimer timer;
+    timer.start();
+    for (Thumbnail *thumbnail : qAsConst(thumbnails)) {
+        thumbnail->setSource(probe.url());
+        waitForLoads();
+        QTest::qWait(5); // enough for a frame
+    }
+    const int most = 2 + int(timer.elapsed() / 33);
+    QVERIFY2(frames <= most, qPrintable(QStringLiteral("%1, not %2").arg(frames).arg(most)));
+    QTRY_VERIFY(board.pixel(QPointF(375, 135)) != QColor(Qt::white));
 }
 
 TAMBER_TEST_MAIN(tst_Thumbnail)

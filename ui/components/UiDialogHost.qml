@@ -15,11 +15,11 @@ Rectangle {
     // Fades out and destroys itself. All that while it looks as it did, but is only a picture.
     signal discard()
 
-    // Tab finds nothing in it any more.
-    function removeStops(item) {
-        item.activeFocusOnTab = false
-        for (let index = 0; index < item.children.length; ++index)
-            removeStops(item.children[index])
+    // Of the window.
+    function focusFirstStop() {
+        const first = parent ? parent.nextItemInFocusChain(true) : null
+        if (first)
+            first.forceActiveFocus(Qt.TabFocusReason)
     }
 
     anchors.fill: parent
@@ -30,7 +30,6 @@ Rectangle {
     onDiscard: {
         state = "discarded"
         content.focus = false
-        removeStops(content)
     }
 
     MouseArea {
@@ -92,6 +91,14 @@ Rectangle {
 
         Accessible.role: Accessible.Dialog
         Accessible.name: dialog.label
+
+        // Tab may lead into what fades out. It goes on from there, once Qt is done with the key.
+        onActiveFocusChanged: {
+            if (activeFocus && dialogCover.discarded) {
+                enabled = false
+                Qt.callLater(dialogCover.focusFirstStop)
+            }
+        }
 
         Keys.forwardTo: dialogContent.contentItem
         Keys.onEnterPressed: triggerPrimaryAction()

@@ -38,8 +38,13 @@ public:
         if (!url.isLocalFile())
             return false;
         const QFileInfo file(url.toLocalFile());
-        if (!file.exists())
-            return false;
+        // Asked last: it takes the system another call, which all the files of other types save.
+        return isAccepted(file) && file.exists();
+    }
+
+private:
+    bool isAccepted(const QFileInfo &file)
+    {
         if (m_accepted.isEmpty())
             return true;
         const QMimeType type = m_database.mimeTypeForFile(file, QMimeDatabase::MatchDefault);
@@ -49,7 +54,6 @@ public:
         return known.value();
     }
 
-private:
     bool matches(const QMimeType &type) const
     {
         return std::any_of(m_accepted.begin(), m_accepted.end(), [&](const QString &pattern) {

@@ -1,5 +1,6 @@
 #include "thumbnail.h"
 
+#include "pacedupdate_p.h"
 #include "thumbnailgeometry_p.h"
 #include "thumbnailloader_p.h"
 #include "thumbnailnode_p.h"
@@ -161,7 +162,8 @@ void Thumbnail::loadFinished()
         return;
     d->image = d->watcher->result();
     d->watcher.release()->deleteLater(); // it is still emitting
-    d->markDirty(ThumbnailPrivate::DirtyTexture);
+    d->dirty |= ThumbnailPrivate::DirtyTexture;
+    updatePaced(this);
 }
 
 // Runs on the render thread while the GUI thread waits.

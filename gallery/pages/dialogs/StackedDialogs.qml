@@ -72,13 +72,15 @@ Card {
                     spacing: 8
 
                     UiComboBox {
-                        width: 226
+                        width: 402 - parent.spacing - opener.width
                         currentIndex: 0
                         model: [qsTr("Never"), qsTr("Every day"), qsTr("Every week"), qsTr("Every month"),
                                 qsTr("Every year")]
                     }
 
                     DialogOpener {
+                        id: opener
+
                         dialog: upperDialog
                         text: qsTr("Second dialog")
                     }
