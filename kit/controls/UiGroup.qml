@@ -105,10 +105,12 @@ Item {
     Item {
         id: body
 
+        readonly property int contentHeight: column.height + 16
+
         y: header.height
         width: root.width
-        height: root.unfolded ? column.height + 16 : 0
-        clip: true
+        height: root.unfolded ? contentHeight : 0
+        clip: height < contentHeight // focus frames reach beyond the children
         visible: height > 0
 
         Behavior on height {

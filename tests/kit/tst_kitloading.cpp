@@ -171,6 +171,14 @@ void tst_KitLoading::group()
     group->setProperty("collapsible", false);
     QCOMPARE(log.take(), QStringList()); // only the user toggles
     QVERIFY(inside->isVisible() && inside->isEnabled());
+
+    // What is unfolded is not cut off.
+    Scene framed(QStringLiteral("UiGroup { x: 20; width: 200; collapsible: false\n"
+                                "UiLineEdit { objectName: 'edit'; width: parent.width } }"),
+                 QSize(240, 100));
+    auto *edit = framed.find("edit");
+    edit->forceActiveFocus();
+    QCOMPARE(picture(framed).pixelColor(221, center(edit).y()), QColor(0x8B, 0xC7, 0xD8));
 }
 
 TAMBER_TEST_MAIN(tst_KitLoading)

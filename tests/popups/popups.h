@@ -45,7 +45,7 @@ protected:
 class MenuScene : public PopupScene
 {
 public:
-    explicit MenuScene(const QString &body) : PopupScene(body) {}
+    using PopupScene::PopupScene;
 
     const QPointer<ta::ui::ContextMenu> menu = get<ta::ui::ContextMenu>("menu");
 
@@ -71,7 +71,7 @@ public:
 class DialogScene : public PopupScene
 {
 public:
-    explicit DialogScene(const QString &body) : PopupScene(body) {}
+    using PopupScene::PopupScene;
 
     const QPointer<ta::ui::Dialog> dialog = get<ta::ui::Dialog>("dialog");
 
@@ -103,10 +103,7 @@ private:
 class AnchorScene : public PopupScene
 {
 public:
-    explicit AnchorScene(const QString &body, const QSize &size = QSize(800, 600))
-        : PopupScene(body, size)
-    {
-    }
+    using PopupScene::PopupScene;
 
     const QPointer<ta::ui::PopupAnchor> anchor = get<ta::ui::PopupAnchor>("anchor");
 };

@@ -17,7 +17,6 @@ private Q_SLOTS:
     void sizes_data();
     void sizes();
     void sizeWhileShown();
-    void badParts_data();
     void badParts();
     void buttonsWhileShown();
     void order_data();
@@ -25,7 +24,6 @@ private Q_SLOTS:
     void returnKey_data();
     void returnKey();
     void footerArrows();
-    void tabCycle_data();
     void tabCycle();
     void clicksAndFocus();
     void heldKey();
@@ -186,34 +184,25 @@ void tst_Dialog::sizeWhileShown()
     dialog->reject();
 }
 
-void tst_Dialog::badParts_data()
-{
-    QTest::addColumn<QByteArray>("qml");
-    QTest::addColumn<QString>("warning");
-    QTest::newRow("syntax error") << QByteArray("Item {") << QStringLiteral("cannot be created");
-    QTest::newRow("no item") << QByteArray("import QtQml 2.15; QtObject { property var dialog }")
-                             << QStringLiteral("must be an item");
-}
-
 // The dialog opens without the part.
 void tst_Dialog::badParts()
 {
-    QFETCH(QByteArray, qml);
-    QFETCH(QString, warning);
-    DialogScene scene(dialogQml(QString()));
-    Dialog *dialog = scene.dialog;
-    QQmlComponent component(&scene.engine());
-    component.setData(qml, QUrl(QStringLiteral("qrc:/part.qml")));
-    for (auto set :
-         { &Dialog::setHeaderDelegate, &Dialog::setContentDelegate, &Dialog::setFooterDelegate })
-        (dialog->*set)(&component);
-    expectWarning(warning);
-    if (component.isError())
-        expectWarning(QStringLiteral("Component is not ready"));
-    dialog->show();
-    QVERIFY(dialog->rootItem() && !dialog->content());
-    QCOMPARE(scene.box()->size(), QSizeF(200, 100));
-    dialog->reject();
+    expectWarning(QStringLiteral("cannot be created"));
+    expectWarning(QStringLiteral("Component is not ready"));
+    expectWarning(QStringLiteral("must be an item"));
+    for (const char *qml : { "Item {", "import QtQml 2.15; QtObject { property var dialog }" }) {
+        DialogScene scene(dialogQml(QString()));
+        Dialog *dialog = scene.dialog;
+        QQmlComponent component(&scene.engine());
+        component.setData(qml, QUrl(QStringLiteral("qrc:/part.qml")));
+        for (auto set : { &Dialog::setHeaderDelegate, &Dialog::setContentDelegate,
+                          &Dialog::setFooterDelegate })
+            (dialog->*set)(&component);
+        dialog->show();
+        QVERIFY(dialog->rootItem() && !dialog->content());
+        QCOMPARE(scene.box()->size(), QSizeF(200, 100));
+        dialog->reject();
+    }
 }
 
 void tst_Dialog::buttonsWhileShown()
@@ -321,43 +310,40 @@ void tst_Dialog::order()
 void tst_Dialog::returnKey_data()
 {
     QTest::addColumn<QString>("buttonList");
-    QTest::addColumn<QStringList>("log");
+    QTest::addColumn<QString>("signal"); // empty: none
+    const auto row = [](const char *name, std::initializer_list<const char *> list,
+                        const char *signal) {
+        QTest::newRow(name) << buttons(list) << QString::fromLatin1(signal);
+    };
     const char *const ok = "role: UiDialogButton.OkRole";
     const char *const cancel = "role: UiDialogButton.CancelRole";
     const char *const back = "role: UiDialogButton.BackRole";
-    const QStringList accepted = names({ "accepted" });
-    const QStringList rejected = names({ "rejected" });
-    const QStringList next = names({ "nextPage" });
-    const QStringList nothing;
-    QTest::newRow("none") << QString() << nothing;
-    QTest::newRow("cancel alone") << buttons({ cancel }) << nothing;
-    QTest::newRow("cancel, ok") << buttons({ cancel, ok }) << accepted;
-    QTest::newRow("back, ok") << buttons({ back, ok }) << names({ "previousPage" });
-    QTest::newRow("forward") << buttons({ "role: UiDialogButton.ForwardRole" }) << next;
-    QTest::newRow("close") << buttons({ "role: UiDialogButton.CloseRole" }) << rejected;
-    QTest::newRow("primary cancel")
-        << buttons({ "role: UiDialogButton.CancelRole; style: Ui.PrimaryPushButtonStyle", ok })
-        << rejected;
-    QTest::newRow("own action") << buttons(
-        { "role: UiDialogButton.OkRole; action: UiDialogButton.ForwardAction" })
-                                << next;
-    QTest::newRow("disabled before") << buttons(
-        { "role: UiDialogButton.OkRole; enabled: false", "role: UiDialogButton.CloseRole" })
-                                     << nothing;
-    QTest::newRow("hidden before")
-        << buttons({ "role: UiDialogButton.BackRole; visible: false", ok }) << accepted;
+    const char *const close = "role: UiDialogButton.CloseRole";
+    row("none", {}, "");
+    row("cancel alone", { cancel }, "");
+    row("cancel, ok", { cancel, ok }, "accepted");
+    row("back, ok", { back, ok }, "previousPage");
+    row("forward", { "role: UiDialogButton.ForwardRole" }, "nextPage");
+    row("close", { close }, "rejected");
+    row("primary cancel",
+        { "role: UiDialogButton.CancelRole; style: Ui.PrimaryPushButtonStyle", ok }, "rejected");
+    row("own action", { "role: UiDialogButton.OkRole; action: UiDialogButton.ForwardAction" },
+        "nextPage");
+    row("disabled before", { "role: UiDialogButton.OkRole; enabled: false", close }, "");
+    row("hidden before", { "role: UiDialogButton.BackRole; visible: false", ok }, "accepted");
 }
 
 void tst_Dialog::returnKey()
 {
     QFETCH(QString, buttonList);
+    QFETCH(QString, signal);
     DialogScene scene(dialogQml(buttonList + kContent));
     SignalLog log;
     log.watch(scene.dialog, names({ "accepted", "rejected", "previousPage", "nextPage" }));
     for (Qt::Key key : { Qt::Key_Return, Qt::Key_Enter }) {
         scene.dialog->show();
         QTest::keyClick(scene.window(), key);
-        QTEST(log.take(), "log");
+        QCOMPARE(log.take().join(QLatin1Char(' ')), signal);
         scene.dialog->reject();
         log.take();
     }
@@ -388,46 +374,35 @@ void tst_Dialog::footerArrows()
     dialog->reject();
 }
 
-void tst_Dialog::tabCycle_data()
-{
-    QTest::addColumn<QString>("outside");
-    QTest::newRow("no stop outside") << QString();
-    QTest::newRow("stops outside")
-        << QStringLiteral("Item { activeFocusOnTab: true; width: 10; height: 10 }\n"
-                          "Item { activeFocusOnTab: true; width: 10; height: 10 }");
-}
-
 void tst_Dialog::tabCycle()
 {
-    QFETCH(QString, outside);
-    DialogScene scene(dialogQml(buttons({ "text: 'c'", "text: 'd'" }) + kContent, outside));
-    scene.dialog->show();
-    QString forward = focused(scene);
-    QString backward;
-    for (int step = 0; step < 8; ++step) {
+    const QString stop = QStringLiteral("Item { activeFocusOnTab: true; width: 10; height: 10 }\n");
+    for (const QString &outside : { QString(), stop.repeated(2) }) {
+        DialogScene scene(dialogQml(buttons({ "text: 'c'", "text: 'd'" }) + kContent, outside));
+        scene.dialog->show();
+        QString way = focused(scene);
+        for (Qt::Key key : { Qt::Key_Tab, Qt::Key_Backtab }) {
+            for (int step = 0; step < 8; ++step) {
+                QTest::keyClick(scene.window(), key);
+                way += focused(scene);
+            }
+        }
+        // In the order of the items' creation, the footer comes before the content.
+        QCOMPARE(way, QStringLiteral("abcdabcdadcbadcba"));
+
+        // From outside the way leads in.
+        scene.find("before")->forceActiveFocus();
         QTest::keyClick(scene.window(), Qt::Key_Tab);
-        forward += focused(scene);
-    }
-    for (int step = 0; step < 8; ++step) {
+        QVERIFY(scene.box()->isAncestorOf(scene.window()->activeFocusItem()));
+
+        // The content may ask for the keys.
+        scene.dialog->content()->setProperty("disableTabOverride", true);
+        scene.find("b")->forceActiveFocus();
         QTest::keyClick(scene.window(), Qt::Key_Backtab);
-        backward += focused(scene);
+        QCOMPARE(focused(scene), QStringLiteral("a"));
+        scene.dialog->reject();
+        QVERIFY(scene.find("before")->hasActiveFocus());
     }
-    // In the order of the items' creation, the footer comes before the content.
-    QCOMPARE(forward, QStringLiteral("abcdabcda"));
-    QCOMPARE(backward, QStringLiteral("dcbadcba"));
-
-    // From outside the way leads in.
-    scene.find("before")->forceActiveFocus();
-    QTest::keyClick(scene.window(), Qt::Key_Tab);
-    QVERIFY(scene.box()->isAncestorOf(scene.window()->activeFocusItem()));
-
-    // The content may ask for the keys.
-    scene.dialog->content()->setProperty("disableTabOverride", true);
-    scene.find("b")->forceActiveFocus();
-    QTest::keyClick(scene.window(), Qt::Key_Backtab);
-    QCOMPARE(focused(scene), QStringLiteral("a"));
-    scene.dialog->reject();
-    QVERIFY(scene.find("before")->hasActiveFocus());
 }
 
 // A click beside an open box takes the focus from what is in it; one into a host that is closed

@@ -72,13 +72,7 @@ void tst_DialogButton::changes()
     QCOMPARE(log.take(), names({ "roleChanged", "textChanged" }));
     button.setText(button.text()); // the stored text is empty still
     button.setRole(DialogButton::CancelRole);
-    button.setVisible(false);
-    button.setEnabled(false);
-    button.setStyle(Ui::SecondaryPushButtonStyle);
-    button.setAction(DialogButton::NoAction);
-    button.setAction(DialogButton::NoAction);
-    QCOMPARE(log.take(), names({ "textChanged", "roleChanged", "visibleChanged", "enabledChanged",
-                                 "styleChanged", "actionChanged" }));
+    QCOMPARE(log.take(), names({ "textChanged", "roleChanged" }));
 
     auto *doomed = new DialogButton;
     connect(doomed, &DialogButton::roleChanged, doomed, [doomed] { delete doomed; });

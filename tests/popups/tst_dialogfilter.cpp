@@ -128,32 +128,24 @@ void tst_DialogFilter::closing_data()
     QTest::addColumn<QPointF>("position");
     QTest::addColumn<bool>("closes");
     QTest::addColumn<bool>("swallowed");
-    const QPointF inside(400, 300);
-    const auto row = [](const char *name, Dialog::Flag flag, QEvent::Type type,
-                        const char *receiver, const QPointF &position, bool closes,
-                        bool swallowed) {
-        QTest::newRow(name) << int(flag) << type << QString::fromLatin1(receiver) << position
-                            << closes << swallowed;
+    const auto row = [](Dialog::Flag flag, QEvent::Type type, const char *receiver,
+                        const QPointF &position, bool closes, bool swallowed) {
+        QTest::addRow("flag %d, %s at %g", flag, receiver, position.x())
+            << int(flag) << type << QString::fromLatin1(receiver) << position << closes
+            << swallowed;
     };
-    row("escape", Dialog::RejectOnEscape, QEvent::KeyPress, "window", kOutside, true, true);
+    row(Dialog::RejectOnEscape, QEvent::KeyPress, "window", kOutside, true, true);
     for (const char *window : { "window", "other window" })
-        row(qPrintable(QStringLiteral("close of the %1").arg(QLatin1String(window))),
-            Dialog::RejectOnCloseEvent, QEvent::Close, window, kOutside, true, false);
-    const auto press = [&](const char *receiver, const QPointF &position, bool closes,
-                           bool swallowed) {
-        row(qPrintable(
-                QStringLiteral("press on %1 at %2").arg(QLatin1String(receiver)).arg(position.x())),
-            Dialog::RejectOnClickOutside, QEvent::MouseButtonPress, receiver, position, closes,
-            swallowed);
-    };
-    press("window", kOutside, false, false); // it sees the press first, and nothing is decided then
-    press("under", kOutside, true, true);
-    press("host", kOutside, true, false);
-    press("inPopup", kOutside, false, false);
-    press("other window", kOutside, true, true);
-    press("inside", inside, false, false);
-    press("under", QPointF(249.5, 300), false, true); // at the left edge of the box
-    press("under", QPointF(249.4, 300), true, true);
+        row(Dialog::RejectOnCloseEvent, QEvent::Close, window, kOutside, true, false);
+    const auto flag = Dialog::RejectOnClickOutside;
+    const auto press = QEvent::MouseButtonPress;
+    row(flag, press, "window", kOutside, false, false); // sees it first: nothing is decided then
+    row(flag, press, "under", kOutside, true, true);
+    row(flag, press, "host", kOutside, true, false);
+    row(flag, press, "inPopup", kOutside, false, false);
+    row(flag, press, "other window", kOutside, true, true);
+    row(flag, press, "under", QPointF(249.5, 300), false, true); // at the left edge of the box
+    row(flag, press, "under", QPointF(249.4, 300), true, true);
 }
 
 // Each flag alone closes, and all the others together do not.
@@ -268,16 +260,6 @@ void tst_DialogFilter::clickOutside()
     click(scene.window(), kOutside.toPoint());
     QCOMPARE(log.take(), names({ "rejected" }));
     QCOMPARE(scene.find("under")->property("presses").toInt(), 0);
-    QVERIFY(scene.find("before")->hasActiveFocus());
-
-    // A handler that opens it again by the same click gets an open dialog.
-    connect(dialog, &Dialog::rejected, dialog, &Dialog::show);
-    dialog->show();
-    click(scene.window(), kOutside.toPoint());
-    QCOMPARE(log.take(), names({ "opened", "rejected", "opened" }));
-    QVERIFY(dialog->rootItem());
-    disconnect(dialog, &Dialog::rejected, dialog, &Dialog::show);
-    dialog->reject();
     QVERIFY(scene.find("before")->hasActiveFocus());
 }
 

@@ -20,9 +20,7 @@ private Q_SLOTS:
     void declaredInstant();
     void movesToAnotherWindow();
     void windowGoes();
-    void handlersThatAskForTheOpposite_data();
     void handlersThatAskForTheOpposite();
-    void handlersThatDestroy_data();
     void handlersThatDestroy();
     void eventsThatDestroy();
     void nestedPopups();
@@ -34,6 +32,8 @@ namespace {
 const QString kAnchor = QStringLiteral(
     "UiPopupAnchor { objectName: 'anchor'; x: 100; y: 100; autoLayout: true;\n"
     "Item { implicitWidth: 200; implicitHeight: 300; width: 200 } }\n");
+const QStringList kSignals = names({ "aboutToShow", "aboutToHide", "popupVisibleChanged",
+                                     "popupItemChanged", "distanceTopChanged" });
 const QPoint kOutside(700, 500);
 
 } // namespace
@@ -162,74 +162,54 @@ void tst_PopupLifetime::windowGoes()
     }
 }
 
-void tst_PopupLifetime::handlersThatAskForTheOpposite_data()
-{
-    QTest::addColumn<QString>("signal");
-    for (const char *signal : { "aboutToShow", "aboutToHide", "popupVisibleChanged",
-                                "popupItemChanged", "distanceTopChanged" })
-        QTest::newRow(signal) << QString::fromLatin1(signal);
-}
-
 // What a handler asks for that turns the request round once is how it ends.
 void tst_PopupLifetime::handlersThatAskForTheOpposite()
 {
-    QFETCH(QString, signal);
-    AnchorScene scene(kAnchor);
-    PopupAnchor *anchor = scene.anchor;
-    bool armed = false;
-    on(anchor, signal, [&] {
-        if (std::exchange(armed, false))
-            anchor->setPopupVisible(!anchor->isPopupVisible());
-    });
-    for (bool visible : { true, false, true, false }) {
-        armed = true;
-        anchor->setY(anchor->y() + 1); // so that distances change
-        anchor->setPopupVisible(visible);
-        const bool turned = !std::exchange(armed, false);
-        const bool shown = visible != turned;
-        QCOMPARE(anchor->isPopupVisible(), shown);
-        QCOMPARE(PopupStack::top(), shown ? anchor : nullptr);
-        QCOMPARE(anchor->popupItem() && anchor->popupItem()->isEnabled(), shown);
-        anchor->setPopupVisible(visible);
-        QCOMPARE(PopupStack::top(), visible ? anchor : nullptr);
-    }
-}
-
-void tst_PopupLifetime::handlersThatDestroy_data()
-{
-    QTest::addColumn<QString>("victim");
-    QTest::addColumn<QString>("signal");
-    for (const char *victim : { "anchor", "item", "window" }) {
-        for (const char *signal : { "aboutToShow", "popupVisibleChanged", "popupItemChanged",
-                                    "distanceTopChanged", "aboutToHide" })
-            QTest::addRow("%s in %s", victim, signal)
-                << QString::fromLatin1(victim) << QString::fromLatin1(signal);
+    for (const QString &signal : kSignals) {
+        AnchorScene scene(kAnchor);
+        PopupAnchor *anchor = scene.anchor;
+        bool armed = false;
+        on(anchor, signal, [&] {
+            if (std::exchange(armed, false))
+                anchor->setPopupVisible(!anchor->isPopupVisible());
+        });
+        for (bool visible : { true, false, true, false }) {
+            armed = true;
+            anchor->setY(anchor->y() + 1); // so that distances change
+            anchor->setPopupVisible(visible);
+            const bool turned = !std::exchange(armed, false);
+            const bool shown = visible != turned;
+            QVERIFY2(anchor->isPopupVisible() == shown, qPrintable(signal));
+            QCOMPARE(PopupStack::top(), shown ? anchor : nullptr);
+            QCOMPARE(anchor->popupItem() && anchor->popupItem()->isEnabled(), shown);
+            anchor->setPopupVisible(visible);
+            QCOMPARE(PopupStack::top(), visible ? anchor : nullptr);
+        }
     }
 }
 
 void tst_PopupLifetime::handlersThatDestroy()
 {
-    QFETCH(QString, victim);
-    QFETCH(QString, signal);
-    AnchorScene scene(kAnchor);
-    bool done = false;
-    on(
-        scene.anchor, signal,
-        [&] {
-            done = true;
-            if (victim == QLatin1String("anchor"))
-                delete scene.anchor.data();
-            else if (victim == QLatin1String("item"))
-                delete scene.anchor->popupItem();
-            else
-                scene.destroyWindow();
-        },
-        1);
-    scene.anchor->show();
-    if (scene.anchor)
-        scene.anchor->hide();
-    QVERIFY(done);
-    QVERIFY(!PopupStack::top());
+    for (const QString &signal : kSignals) {
+        for (const char *victim : { "anchor", "item", "window" }) {
+            AnchorScene scene(kAnchor);
+            bool done = false;
+            const auto destroy = [&] {
+                done = true;
+                if (qstrcmp(victim, "anchor") == 0)
+                    delete scene.anchor.data();
+                else if (qstrcmp(victim, "item") == 0)
+                    delete scene.anchor->popupItem();
+                else
+                    scene.destroyWindow();
+            };
+            on(scene.anchor, signal, destroy, 1);
+            scene.anchor->show();
+            if (scene.anchor)
+                scene.anchor->hide();
+            QVERIFY2(done && !PopupStack::top(), qPrintable(signal));
+        }
+    }
 }
 
 // The event that closes a popup must not go on to a window that the popup's handler destroyed.

@@ -29,6 +29,9 @@ private Q_SLOTS:
     void place();
     void windows();
     void membership();
+    void badDelegates();
+    void ownDelegate();
+    void handlersThatDestroy();
     void logging();
     void thousands();
 };
@@ -291,6 +294,106 @@ void tst_Tooltips::membership()
     delete target->findChild<Tooltip *>();
     scene.endRest();
     QVERIFY(!agent->tooltipVisible());
+}
+
+// Shows nothing, and is complained about once.
+void tst_Tooltips::badDelegates()
+{
+    AgentScene scene;
+    TooltipAgent *agent = scene.agent;
+    QQmlComponent *good = agent->tooltipDelegate();
+    agent->setTooltipDelegate(nullptr);
+    scene.restAt(kOverItem);
+    QVERIFY(!agent->tooltipItem() && !agent->tooltipVisible());
+    for (const auto &[qml, warning] :
+         { std::pair("Item {", "Expected token"),
+           std::pair("import QtQml 2.15; QtObject {}", "must be an item, not a QObject") }) {
+        QQmlComponent component(&scene.engine());
+        component.setData(qml, QUrl(QStringLiteral("qrc:/delegate.qml")));
+        agent->setTooltipDelegate(&component);
+        expectWarning(QString::fromLatin1(warning));
+        scene.restAt(kOverItem);
+        QVERIFY(!agent->tooltipItem() && !agent->tooltipVisible());
+        cleanup();
+        init(); // a second complaint would be one that was not announced
+        scene.restAt(kOverItem);
+    }
+    agent->setTooltipDelegate(good);
+    scene.restAt(kOverItem);
+    QVERIFY(agent->tooltipItem() && agent->tooltipVisible());
+}
+
+// It sees what it was declared in, and knows its agent before its bindings do.
+void tst_Tooltips::ownDelegate()
+{
+    AgentScene scene(itemWithTooltip({}),
+                     QStringLiteral("id: root; property Component own: Item {\n"
+                                    "property Item around: root; property bool hasAgent: false\n"
+                                    "property string words: UiTooltipAgent.tooltipText\n"
+                                    "property bool shown: UiTooltipAgent.tooltipVisible\n"
+                                    "Component.onCompleted:\n"
+                                    "hasAgent = UiTooltipAgent.agent !== null }"));
+    TooltipAgent *agent = scene.agent;
+    scene.restAt(kOverItem);
+    const QPointer<QQuickItem> before = agent->tooltipItem();
+    SignalLog log;
+    log.watch(agent, names({ "tooltipVisibleChanged", "tooltipTextChanged",
+                             "tooltipDelegateChanged", "tooltipItemChanged" }));
+    auto *own = scene.root()->property("own").value<QQmlComponent *>();
+    agent->setTooltipDelegate(own);
+    QCOMPARE(log.take(),
+             names({ "tooltipDelegateChanged", "tooltipVisibleChanged", "tooltipItemChanged" }));
+    QVERIFY(!agent->tooltipItem() && !agent->tooltipVisible());
+    QTRY_VERIFY(!before);
+
+    scene.restAt(kOverItem);
+    QCOMPARE(log.take(), names({ "tooltipItemChanged", "tooltipVisibleChanged" }));
+    const QQuickItem *tip = agent->tooltipItem();
+    QCOMPARE(tip->property("around").value<QQuickItem *>(), scene.root());
+    QVERIFY(tip->property("hasAgent").toBool() && tip->property("shown").toBool());
+    QCOMPARE(tip->property("words").toString(), QStringLiteral("tip"));
+
+    // One that somebody else destroys is made again.
+    delete agent->tooltipItem();
+    QCOMPARE(log.take(), names({ "tooltipItemChanged" }));
+    scene.restAt(kOverItem);
+    QVERIFY(agent->tooltipItem());
+}
+
+// Each of them in each signal, while a tooltip comes and goes.
+void tst_Tooltips::handlersThatDestroy()
+{
+    enum Occasion { Showing, Move, DelegateChange };
+    const QStringList signalNames = names({ "tooltipItemChanged", "tooltipTextChanged",
+                                            "tooltipVisibleChanged", "tooltipDelegateChanged" });
+    for (const char *victim : { "agent", "item", "tooltip item", "window" }) {
+        for (const QString &signal : signalNames) {
+            for (Occasion occasion : { Showing, Move, DelegateChange }) {
+                AgentScene scene;
+                bool armed = occasion == Showing;
+                on(scene.agent, signal, [&] {
+                    if (!std::exchange(armed, false))
+                        return;
+                    if (qstrcmp(victim, "tooltip item") == 0)
+                        delete scene.agent->tooltipItem();
+                    else if (qstrcmp(victim, "window") == 0)
+                        scene.destroyWindow();
+                    else
+                        delete scene.find(victim);
+                });
+                scene.restAt(kOverItem);
+                armed = true;
+                // A window must not get the move that its tooltip's handler destroyed it in.
+                const auto event = makeEvent(QEvent::MouseMove, Qt::NoButton, kBeside);
+                if (scene.agent && occasion == Move)
+                    QCoreApplication::sendEvent(scene.window(), event.get());
+                if (scene.agent && occasion == DelegateChange)
+                    scene.agent->setTooltipDelegate(nullptr);
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                armed = false;
+            }
+        }
+    }
 }
 
 void tst_Tooltips::logging()
