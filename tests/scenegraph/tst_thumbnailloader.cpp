@@ -6,9 +6,12 @@
 #include "scenegraph/thumbnailgeometry_p.h"
 #include "scenegraph/thumbnailloader_p.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QThreadPool>
+#include <QtGui/QImageReader>
+#include <QtGui/QImageWriter>
 
 #include <limits>
 #include <sys/stat.h>
@@ -33,6 +36,8 @@ private Q_SLOTS:
     void cacheKeepsWhatWasUsedLast();
     void cacheBoundsSmallPictures();
     void onceForAllThatAskMeanwhile();
+    void hugePictures();
+    void clearedPool();
 
 private:
     QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
@@ -56,6 +61,15 @@ ThumbnailLoadJob job(const QUrl &source, const QSize &size, const QRect &region 
     job.height = size.height();
     job.region = region;
     return job;
+}
+
+// In bytes, of addresses.
+qint64 peakMemory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    status.open(QIODevice::ReadOnly);
+    const QByteArray text = status.readAll();
+    return text.mid(text.indexOf("VmPeak:") + 7).simplified().split(' ').first().toLongLong() << 10;
 }
 
 // 80 x 40: red, green, blue and white columns of 20.
@@ -321,6 +335,76 @@ void tst_ThumbnailLoader::onceForAllThatAskMeanwhile()
     QCOMPARE(slow.readCount(), 1);
     ThumbnailLoadJob::start(job(slow.url(), QSize(32, 32))).waitForFinished();
     QCOMPARE(slow.readCount(), 1);
+}
+
+// Files of a few kilobytes that claim to be 20,000 x 20,000. Only what the decoder can make without
+// the whole picture is made.
+void tst_ThumbnailLoader::hugePictures()
+{
+    const auto patched = [](QByteArray file, const QByteArray &marker, const QByteArray &end) {
+        const int at = file.indexOf(marker) + 5; // a length and a depth lie between
+        return file.replace(at, end.size(), end);
+    };
+    const auto encoded = [](bool progressive) {
+        QBuffer buffer;
+        QImageWriter writer(&buffer, "jpeg");
+        writer.setProgressiveScanWrite(progressive);
+        writer.write(columns());
+        return buffer.data();
+    };
+    const QByteArray size("\x4e\x20\x4e\x20", 4);
+    write("sequential.jpg", patched(encoded(false), "\xff\xc0", size));
+    write("progressive.jpg", patched(encoded(true), "\xff\xc2", size));
+    const auto png = [](const QByteArray &interlaceAndSum) {
+        return QByteArray::fromHex("89504e470d0a1a0a0000000d4948445200004e2000004e2008060000"
+                                   + interlaceAndSum + "0000010049444154789c");
+    };
+    write("sequential.png", png("00e3704639"));
+    write("interlaced.png", png("01947776af"));
+
+    const QRect part(0, 0, 30, 20);
+    const struct
+    {
+        const char *file;
+        QRect region;
+        QSize decoded;
+    } rows[] = {
+        { "sequential.jpg", QRect(), { 90, 90 } },
+        { "sequential.jpg", part, part.size() },
+        { "progressive.jpg", QRect(), { 0, 0 } },
+        { "progressive.jpg", part, { 0, 0 } },
+        { "sequential.png", QRect(0, 0, 2000, 2000), { 0, 0 } },
+        { "interlaced.png", QRect(), { 0, 0 } },
+    };
+    expectWarning(QStringLiteral("^Corrupt JPEG data: premature end")); // the decoder's own
+    const qint64 before = peakMemory();
+    for (const auto &row : rows) {
+        const QUrl source = QUrl::fromLocalFile(path(row.file));
+        QVERIFY2(QImageReader(path(row.file)).size() == QSize(20000, 20000), row.file);
+        QVERIFY2(job(source, QSize(90, 90), row.region)().size() == row.decoded, row.file);
+    }
+    QVERIFY(peakMemory() - before < 800 << 20);
+}
+
+// The host may clear the pool that it shares with the library.
+void tst_ThumbnailLoader::clearedPool()
+{
+    const QDir folder(m_folder.path());
+    ProbeImage first(folder, QStringLiteral("running"), QSize(64, 64));
+    const ProbeImage second(folder, QStringLiteral("waiting"), QSize(64, 64));
+    QThreadPool *pool = QThreadPool::globalInstance();
+    const int threads = pool->maxThreadCount();
+    pool->setMaxThreadCount(1);
+    first.hold();
+    ThumbnailLoadJob::start(job(first.url(), QSize(32, 32)));
+    QTRY_VERIFY(first.isBeingRead());
+    ThumbnailLoadJob::start(job(second.url(), QSize(32, 32)));
+    pool->clear();
+    first.release();
+    QFuture<QImage> again = ThumbnailLoadJob::start(job(second.url(), QSize(32, 32)));
+    QTRY_VERIFY(again.isFinished());
+    QCOMPARE(again.result().size(), QSize(32, 32));
+    pool->setMaxThreadCount(threads);
 }
 
 TAMBER_TEST_MAIN(tst_ThumbnailLoader)

@@ -33,7 +33,8 @@ public:
     explicit Thumbnail(QQuickItem *parent = nullptr);
     ~Thumbnail() override;
 
-    /// The file; empty by default. URLs that are not of local files show nothing.
+    /// The file; empty by default. URLs that are not of local files show nothing. Neither do
+    /// pictures of more than 2^28 pixels whose decoder would keep all of them in memory.
     QUrl source() const;
     void setSource(const QUrl &source);
 

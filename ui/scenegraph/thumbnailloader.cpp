@@ -11,6 +11,8 @@
 #include <QtCore/QMutex>
 #include <QtGui/QImageReader>
 
+#include <memory>
+
 namespace ta::ui {
 
 namespace {
@@ -18,8 +20,9 @@ namespace {
 constexpr int kPixelsPerCost = 256;
 constexpr int kMostCost = 24576; // with the above, 6.3 million pixels or 24 MiB
 
-// Larger pictures are left to the decoders that scale while they read. All others make the whole
-// picture first, and some of them a copy of it; a few kilobytes of file can ask for gigabytes.
+// Larger pictures are left to the decoders that make no more of them than they are asked for. All
+// others make the whole picture first, and some of them a copy of it; a few kilobytes of file can
+// ask for gigabytes.
 constexpr qint64 kMostPixels = qint64(1) << 28;
 
 // The three below are used by the thread of the GUI and by all threads of the pool, under the lock.
@@ -45,23 +48,76 @@ QHash<QByteArray, QFuture<QImage>> &loads()
     return s_loads;
 }
 
+// A part of the job, and gone with it, be it that the host has cleared the pool and it never runs.
+class Load
+{
+public:
+    explicit Load(const QByteArray &key) : m_key(key) {}
+    ~Load()
+    {
+        const QMutexLocker locker(&cacheLock());
+        loads().remove(m_key);
+    }
+    Q_DISABLE_COPY_MOVE(Load)
+
+private:
+    const QByteArray m_key;
+};
+
+qint64 area(const QSize &size)
+{
+    return qint64(size.width()) * size.height();
+}
+
 // Rounded up, and one for a picture that could not be decoded: nothing is in the cache for free, so
 // that its bound is one for small pictures as well.
 int costOf(const QImage &image)
 {
-    const qint64 pixels = qint64(image.width()) * image.height();
-    return int(
-        qBound(qint64(1), (pixels + kPixelsPerCost - 1) / kPixelsPerCost, qint64(kMostCost) + 1));
+    return int(qBound(qint64(1), (area(image.size()) + kPixelsPerCost - 1) / kPixelsPerCost,
+                      qint64(kMostCost) + 1));
 }
 
-bool scalesWhileReading(const QImageReader &reader)
+// Whether the rows of a PNG or JPEG file come in several turns: then its decoder keeps them all.
+bool isInterlaced(const QString &path, const QByteArray &format)
+{
+    constexpr qint64 kMostHeaders = 1 << 20;
+    QFile file(path);
+    const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(kMostHeaders) : QByteArray();
+    const auto byteAt = [&head](int at) { return at < head.size() ? uchar(head.at(at)) : 0; };
+    if (format == "png")
+        return byteAt(28) != 0; // the method, in the first chunk
+
+    // Segments of a marker and a length follow each other up to the first scan.
+    int components = 0;
+    for (int at = 2; byteAt(at) == 0xFF;) {
+        const int marker = byteAt(at + 1);
+        if (marker == 0xC0 || marker == 0xC1) // the frames that are not progressive
+            components = byteAt(at + 9);
+        else if (marker == 0xDA)
+            return byteAt(at + 4) != components; // of which the first scan has all
+        at += 2 + (byteAt(at + 2) << 8 | byteAt(at + 3));
+    }
+    return true;
+}
+
+// Whether the decoder of \a reader gets along without the whole picture.
+bool decodesSparingly(const QString &path, const QImageReader &reader,
+                      const ThumbnailDecoding &decoding)
 {
     const QByteArray format = reader.format();
+    const bool scales = decoding.scaledSize.isValid();
+    const bool clips = !decoding.clip.isNull();
     if (format == "png") {
         const QImage::Format pixels = reader.imageFormat();
-        return pixels == QImage::Format_RGB32 || pixels == QImage::Format_ARGB32;
+        return scales && !clips
+               && (pixels == QImage::Format_RGB32 || pixels == QImage::Format_ARGB32)
+               && !isInterlaced(path, format);
     }
-    return format == "jpeg" || format == "jpg" || format == "svg" || format == "svgz";
+    if (!scales && !(clips && area(decoding.clip.size()) <= kMostPixels))
+        return false;
+    if (format == "jpeg" || format == "jpg")
+        return !isInterlaced(path, format);
+    return format == "svg" || format == "svgz";
 }
 
 // What a texture is made of; done here, the render thread need not do it.
@@ -114,18 +170,15 @@ QByteArray ThumbnailLoadJob::cacheKey() const
 QFuture<QImage> ThumbnailLoadJob::start(const ThumbnailLoadJob &job)
 {
     const QByteArray key = job.cacheKey();
+    std::shared_ptr<const Load> load; // which takes the lock where it goes, if it is the last one
     const QMutexLocker locker(&cacheLock());
     const auto running = loads().constFind(key);
     if (running != loads().constEnd())
         return *running;
-    const QFuture<QImage> load = QtConcurrent::run([job, key] {
-        const QImage image = job();
-        const QMutexLocker jobLocker(&cacheLock());
-        loads().remove(key); // from now on, the cache has it
-        return image;
-    });
-    loads().insert(key, load);
-    return load;
+    load = std::make_shared<const Load>(key);
+    const QFuture<QImage> future = QtConcurrent::run([job, load] { return job(); });
+    loads().insert(key, future);
+    return future;
 }
 
 bool ThumbnailLoadJob::decode(QImage *image) const
@@ -144,8 +197,7 @@ bool ThumbnailLoadJob::decode(QImage *image) const
                                                                          devicePixelRatio));
     if (decoding.empty)
         return true;
-    const bool isHuge = qint64(full.width()) * full.height() > kMostPixels;
-    if (isHuge && !(decoding.scaledSize.isValid() && scalesWhileReading(reader)))
+    if (area(full) > kMostPixels && !decodesSparingly(path, reader, decoding))
         return true;
     if (!decoding.clip.isNull())
         reader.setClipRect(decoding.clip);
