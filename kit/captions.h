@@ -6,7 +6,7 @@
     The kit's texts for the translation ids of the library, in the user's language or in English.
 
     They stand in where nobody else translates an id: a catalogue that the host installs wins,
-   before and after this.
+    before and after this.
 */
 class Captions : public QTranslator
 {

@@ -72,7 +72,7 @@ Page {
         Grid {
             readonly property int cell: Math.floor(parent.width / columns)
 
-            columns: Math.max(1, Math.floor(parent.width / 116))
+            columns: Math.max(1, Math.floor(parent.width / 130)) // room for the longest name
 
             Repeater {
                 model: root.names

@@ -267,15 +267,6 @@ void tst_SliderBase::drag()
     release(scene.window(), QPoint(700, 500));
     QVERIFY(!slider->pressed());
     QCOMPARE(scene.find("flickable")->property("contentY").toInt(), 0);
-
-    // The right button, a wheel and keys go on to others.
-    move(scene.window(), at(20));
-    log.take();
-    click(scene.window(), at(20), Qt::RightButton);
-    slider->forceActiveFocus();
-    wheel(scene.window(), at(20), 1);
-    QTest::keyClick(scene.window(), Qt::Key_Left);
-    QCOMPARE(log.take(), QStringList());
 }
 
 void tst_SliderBase::middleButton()

@@ -13,9 +13,9 @@ class QPainter;
     Draws a picture of \a size pixels; \a draw paints it on a canvas of any larger size.
 
     Drawn large and averaged down: Qt approximates curves by lines on a grid of its own, which at
-   the sizes of icons leaves the two halves of a ring several levels apart. 16 bits a channel,
-   because the layers of a soft shadow are so faint that rounding each of them would add up to
-   bands. The result is premultiplied, so that a pixel without alpha keeps no colour either.
+    the sizes of icons leaves the two halves of a ring several levels apart. 16 bits a channel,
+    because the layers of a soft shadow are so faint that rounding each of them would add up to
+    bands. The result is premultiplied, so that a pixel without alpha keeps no colour either.
 */
 QImage drawPicture(const QSize &size, const std::function<void(QPainter *)> &draw);
 

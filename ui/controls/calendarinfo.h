@@ -14,12 +14,12 @@ class CalendarInfoPrivate;
 
 /*!
     The dates and week numbers of a month view that the host draws: six rows of seven days, Monday
-   to Sunday in every locale, which hold the whole month of a date and the days around it.
+    to Sunday in every locale, which hold the whole month of a date and the days around it.
 
     Nothing is computed before a date is set, and only a date in another month announces new days.
 
     QML: \c UiCalendarInfo of "tamber.Ui.Private" 1.0. Of a date that QML writes, the day in local
-   time counts; the dates that QML reads begin at midnight UTC.
+    time counts; the dates that QML reads begin at midnight UTC.
 */
 class TAMBERUI_EXPORT CalendarInfo : public QObject
 {

@@ -15,9 +15,9 @@ class LineEditBasePrivate;
     item included.
 
     What is typed lives in the editing item; \l text is what was committed. Losing the focus
-   commits, Return and Enter end the edit and thereby commit, Escape goes back to the committed text
-   and ends the edit. The line edit is a focus scope that hands its focus on to the editing item
-   and, unless a press of the pointer brought it, selects the whole text.
+    commits, Return and Enter end the edit and thereby commit, Escape goes back to the committed
+    text and ends the edit. The line edit is a focus scope that hands its focus on to the editing
+    item and, unless a press of the pointer brought it, selects the whole text.
 
     The editing item is a \c TextInput or any other item: its properties \c text, \c cursorPosition
     and \c acceptableInput and its method \c selectAll() are found by name, and where it lacks one,

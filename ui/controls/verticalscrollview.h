@@ -19,15 +19,15 @@ class VerticalScrollViewPrivate;
 
     An item that has the properties \c contentY, \c contentHeight and \c visibleArea, such as a
     \c ListView, is scrolled through its \c contentY, and its own flicking is turned off. It gets
-   the width and height of the view. Any other item is moved by its \c y; it gets the width of the
-   view and its own implicit height, or the height of the view where that is greater.
+    the width and height of the view. Any other item is moved by its \c y; it gets the width of the
+    view and its own implicit height, or the height of the view where that is greater.
 
     A child that is declared inside the view becomes its content:
     \code UiVerticalScrollView { width: 300; height: 200; Column { ... } } \endcode
     Positions are in pixels from the top of the content, unless they are said to be normalised.
 
     QML: \c UiVerticalScrollView. The scroll bar is written in QML that imports "tamber.Ui" 1.0;
-   where it cannot be created, a critical message says why and the view scrolls without it.
+    where it cannot be created, a critical message says why and the view scrolls without it.
 */
 class TAMBERUI_EXPORT VerticalScrollView : public QQuickItem
 {

@@ -13,8 +13,8 @@ class ColorPickerCanvasPrivate;
 
 /*!
     An eyedropper: from its construction until it has reported, all mouse, key and wheel input of
-   the application goes to it, the cursor is a cross, and a small circle beside the pointer shows
-   the colour below it.
+    the application goes to it, the cursor is a cross, and a small circle beside the pointer shows
+    the colour below it.
 
     The colours come from a snapshot of the window, taken when the event loop is reached and again a
     second after the last change of a size; the circle is not in it. A left press picks, Escape and

@@ -12,7 +12,7 @@ namespace ta::ui {
     Places patches of colour one after the other, in rows as wide as the item.
 
     All places are whole logical pixels. The patches of a swatch touch each other; swatches that
-   share a row, and the rows, are 5 pixels apart. A swatch may wrap within itself.
+    share a row, and the rows, are 5 pixels apart. A swatch may wrap within itself.
 */
 class TAMBERUI_PRIVATE_EXPORT PaletteLayout
 {

@@ -15,14 +15,14 @@ class AbstractMenuItemPrivate;
 
 /*!
     An entry of a ContextMenu: where it stands, whether it is shown, and the component that draws
-   it.
+    it.
 
     Entries are plain objects. The menu makes an item of \l delegate for each of them whenever it
     opens. To add a kind of entry, derive from this class and return a component whose root is an
     item with the properties \c menuItem (the entry) and \c menu (the menu), which the menu sets.
     Where the root has them, the menu also keeps the properties \c hovered and \c pressed up to
-   date, and calls the signal \c clicked() when the item is enabled and the left button is released
-   over it.
+    date, and calls the signal \c clicked() when the item is enabled and the left button is released
+    over it.
 
     QML: \c UiAbstractMenuItem, which cannot be created.
 */

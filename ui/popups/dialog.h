@@ -24,17 +24,17 @@ class DialogPrivate;
 
     It is no item itself and costs little while it is closed. show() makes its items, above the
     window of the nearest item among its QObject ancestors, and the close takes them away again: the
-   content is made anew each time. While it is on top of the PopupStack it keeps all input from
-   what lies outside of it, in all windows of the application, and Tab stays inside. When it closes,
-   the focus goes back to the item that had it before.
+    content is made anew each time. While it is on top of the PopupStack it keeps all input from
+    what lies outside of it, in all windows of the application, and Tab stays inside. When it
+    closes, the focus goes back to the item that had it before.
 
     The header, the content and the footer are components. The object made of each gets the dialog
-   as the initial value of its property \c dialog, along with the values of headerOptions,
+    as the initial value of its property \c dialog, along with the values of headerOptions,
     contentOptions or footerOptions. Tab and Backtab go their usual way where the content item has
     a property \c disableTabOverride that is true.
 
     A dialog whose window is destroyed, or whose items somebody else destroys, is rejected. While
-   its window is hidden it keeps nothing from the other windows.
+    its window is hidden it keeps nothing from the other windows.
 
     QML: \c UiDialog.
 */

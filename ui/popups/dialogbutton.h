@@ -15,7 +15,7 @@ class DialogButtonPrivate;
     One button of a Dialog: what it is for, what it says and what a click on it does.
 
     It is no item: the dialog's footer draws a push button for it. A caption, a style and an action
-   that are left open come from the role.
+    that are left open come from the role.
 
     QML: \c UiDialogButton.
 */

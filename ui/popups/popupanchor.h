@@ -17,17 +17,17 @@ class PopupAnchorPrivate;
     Opens a popup next to the control that it is placed in.
 
     The popup is a component, the anchor's default property. The anchor creates the item, keeps it
-   at its own position on a layer above all ordinary content of the window, and closes it on a press
-    outside, on Escape, when the window is resized and when any window is closed. While open the
-    popup is the top of the PopupStack, and Tab stays inside it. When it closes and has the focus,
-    the item that had it before gets it back.
+    at its own position on a layer above all ordinary content of the window, and closes it on a
+    press outside, on Escape, when the window is resized and when any window is closed. While open
+    the popup is the top of the PopupStack, and Tab stays inside it. When it closes and has the
+    focus, the item that had it before gets it back.
 
     The anchor never touches the popup item's \c visible or \c opacity: the component shows and
-   hides itself by its \c enabled state (or by \l popupVisible), and has 700 ms for an animation
-   after each hide.
+    hides itself by its \c enabled state (or by \l popupVisible), and has 700 ms for an animation
+    after each hide.
 
     A press on an empty part of the popup goes to the item that keeps input from what lies below,
-   and not to the popup's root: what reacts to input is a child of the root.
+    and not to the popup's root: what reacts to input is a child of the root.
 
     Where the anchor has no window yet, or QML is still constructing it, a popup that was asked for
     appears once it has one. A popup whose anchor leaves its window closes, and so does one whose

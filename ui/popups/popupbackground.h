@@ -10,9 +10,9 @@ namespace ta::ui {
     Keeps input over a popup from reaching what lies below it.
 
     The background covers its parent item exactly (where that arranges its children, it has no size
-   of its own, lest it be arranged with them), below the parent's other children, and accepts every
-   mouse, wheel, touch and hover event that none of those took. A press on it moves the active focus
-   into the popup. It draws nothing.
+    of its own, lest it be arranged with them), below the parent's other children, and accepts every
+    mouse, wheel, touch and hover event that none of those took. A press on it moves the active
+    focus into the popup. It draws nothing.
 */
 class TAMBERUI_EXPORT PopupBackground : public QQuickItem
 {

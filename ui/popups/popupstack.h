@@ -14,7 +14,7 @@ namespace ta::ui {
     The stack sees to it that the top popup, and no other, is an event filter on the application
     object. Its \c eventFilter() is then called for every event of every object before the receiver
     gets it. A popup pushes itself once its root item exists and pops itself when it closes; one
-   that may open above a dialog sets the dynamic property \c _ta_isPopup of its root item to true.
+    that may open above a dialog sets the dynamic property \c _ta_isPopup of its root item to true.
 
     GUI thread only.
 */

@@ -21,8 +21,8 @@ class TooltipAgentPrivate;
     anybody. Once the pointer has rested for 500 ms over an enabled, visible item that has a Tooltip
     with a text, that text is shown; any movement and any press hides it. An item does not lie under
     the pointer where it is clipped away or an open popup covers it. Of several items that do, the
-   innermost one counts; where none contains the other it is the one drawn last, and of several
-   tooltips of one item the last.
+    innermost one counts; where none contains the other it is the one drawn last, and of several
+    tooltips of one item the last.
 
     The agent makes one item from \l tooltipDelegate when the first tooltip is shown, puts it into
     the window at the pointer, above popups and dialogs and below menus, and uses it for all later

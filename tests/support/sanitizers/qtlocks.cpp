@@ -10,6 +10,7 @@
 
 #include <dlfcn.h>
 #include <sanitizer/tsan_interface.h>
+#include <utility>
 
 namespace {
 
@@ -24,18 +25,24 @@ class Ordered : public QRunnable
 {
 public:
     explicit Ordered(QRunnable *runnable) : m_runnable(runnable) { __tsan_release(this); }
+    ~Ordered() override
+    {
+        if (m_runnable && m_runnable->autoDelete()) // by a pool that was cleared
+            delete m_runnable;
+    }
 
     void run() override
     {
         __tsan_acquire(this);
-        const bool isOwner = m_runnable->autoDelete();
-        m_runnable->run();
+        QRunnable *runnable = std::exchange(m_runnable, nullptr);
+        const bool isOwner = runnable->autoDelete();
+        runnable->run();
         if (isOwner)
-            delete m_runnable;
+            delete runnable;
     }
 
 private:
-    QRunnable *const m_runnable;
+    QRunnable *m_runnable;
 };
 
 } // namespace
