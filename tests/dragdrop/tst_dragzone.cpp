@@ -27,6 +27,25 @@ const QString kScene = QStringLiteral(R"(
     }
 )");
 
+// Counts how often it was asked for its data, as each drag of the platform begins with.
+class Payload : public JsonMimeData
+{
+public:
+    explicit Payload(int &asked) : m_asked(asked)
+    {
+        setMimeType(QStringLiteral("a/b"));
+        setValue({ { QStringLiteral("id"), 7 } });
+    }
+    QMimeData *createMimeData() const override
+    {
+        ++m_asked;
+        return JsonMimeData::createMimeData();
+    }
+
+private:
+    int &m_asked;
+};
+
 } // namespace
 
 // What begins a drag and what does not. Here the platform has no drag loop: a drag is over as soon
@@ -180,8 +199,11 @@ void tst_DragZone::invalidPayload()
 // button drags is another gesture.
 void tst_DragZone::overBeforeTheDrag()
 {
-    enum Case { ReleasedBefore, ReleasedAfterwards, NoPayload };
-    for (const Case what : { ReleasedBefore, ReleasedAfterwards, NoPayload }) {
+    int asked = 0;
+    Payload payload(asked);
+    enum Case { ReleasedBefore, ReleasedAfterwards, NoPayload, Nothing };
+    for (const Case what : { ReleasedBefore, ReleasedAfterwards, NoPayload, Nothing }) {
+        m_zone->setMimeData(&payload);
         send(QEvent::MouseButtonPress, QPointF(10, 10));
         if (what == ReleasedBefore) {
             QVERIFY(!send(QEvent::MouseButtonRelease, QPointF(10, 10), Qt::NoButton));
@@ -191,11 +213,12 @@ void tst_DragZone::overBeforeTheDrag()
         if (what == ReleasedAfterwards)
             QVERIFY(send(QEvent::MouseButtonRelease, QPointF(90, 10), Qt::NoButton));
         else if (what == NoPayload)
-            delete m_zone->mimeData();
+            m_zone->setMimeData(nullptr);
         QVERIFY(m_zone->isDragActive());
         m_log.take();
         QCoreApplication::processEvents();
         QCOMPARE(m_log.take(), names({ "dragActiveChanged", "dragEnded" }));
+        QCOMPARE(asked, what == Nothing ? 1 : 0);
         QVERIFY(!m_scene->window()->mouseGrabberItem());
         QVERIFY(!send(QEvent::MouseMove, QPointF(200, 10)));
     }
@@ -248,24 +271,26 @@ void tst_DragZone::proxy()
     QCOMPARE(m_log.take(), names({ "dragActiveChanged", "dragEnded" }));
 }
 
-// One gesture is one drag, that of the inner zone.
+// One gesture is one drag, that of the inner zone. The next one may be another zone's.
 void tst_DragZone::nestedZones()
 {
     Scene scene(QStringLiteral(
         "property QtObject mime: UiJsonMimeData { mimeType: 'a/b'; value: ({ a: 1 }) }\n"
-        "UiDragZone { objectName: 'outer'; mimeData: parent.mime; width: 200; height: 200\n"
-        "UiDragZone { objectName: 'inner'; mimeData: parent.mimeData; anchors.fill: parent\n"
+        "UiDragZone { objectName: 'outer'; mimeData: parent.mime; width: 400; height: 200\n"
+        "MouseArea { anchors.fill: parent }\n"
+        "UiDragZone { objectName: 'inner'; mimeData: parent.mimeData; width: 200; height: 200\n"
         "MouseArea { anchors.fill: parent } } }"));
     SignalLog log;
     for (const char *name : { "outer", "inner" })
         log.watch(scene.find(name), names({ "dragStarted", "dragEnded" }), QLatin1String(name));
-    for (int turn = 0; turn < 2; ++turn) {
-        press(scene.window(), QPoint(100, 100));
-        QTest::mouseMove(scene.window(), QPoint(150, 150));
-        QTest::mouseMove(scene.window(), QPoint(160, 150));
-        release(scene.window(), QPoint(160, 150));
-        QCOMPARE(log.take(), names({ "innerdragStarted", "innerdragEnded" }));
+    for (const QPoint &start : { QPoint(100, 100), QPoint(300, 100), QPoint(100, 100) }) {
+        press(scene.window(), start);
+        QTest::mouseMove(scene.window(), start + QPoint(50, 50));
+        QTest::mouseMove(scene.window(), start + QPoint(60, 50));
+        release(scene.window(), start + QPoint(60, 50));
     }
+    QCOMPARE(log.take(), names({ "innerdragStarted", "innerdragEnded", "outerdragStarted",
+                                 "outerdragEnded", "innerdragStarted", "innerdragEnded" }));
 }
 
 void tst_DragZone::handlersThatDestroy_data()
