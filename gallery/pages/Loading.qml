@@ -222,6 +222,8 @@ Page {
                             { icon: "date-modified", text: qsTr("Opening hours") },
                             { icon: "view", text: qsTr("Menu of the week") },
                             { icon: "okay", text: qsTr("Welcome") },
+                            { icon: "info", text: qsTr("House rules") },
+                            { icon: "edit", text: qsTr("Events in June") },
                             { icon: "readonly", text: qsTr("Archive, which nobody may change") }
                         ]
 
@@ -229,7 +231,7 @@ Page {
                             width: rows.width
                             active: rows.current === index
                             defocused: rows.defocused
-                            enabled: index < 4
+                            enabled: index < 6
                             iconName: modelData.icon
                             objectName: "row" + index
                             text: modelData.text

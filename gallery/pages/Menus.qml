@@ -364,7 +364,9 @@ Page {
 
                                 onClicked: {
                                     const window = root.Window.contentItem
-                                    cornerMenu.showAt(window, Qt.point(modelData.x ? window.width - 8 : 8,
+                                    // A menu that opens upwards does not open to the left as well.
+                                    const right = window.width - (modelData.y ? 120 : 8)
+                                    cornerMenu.showAt(window, Qt.point(modelData.x ? right : 8,
                                                                        modelData.y ? window.height - 8 : 8))
                                 }
                             }
