@@ -3,6 +3,7 @@
 #include "thumbnailgeometry_p.h"
 
 #include <QtConcurrent/QtConcurrentRun>
+#include <QtCore/QBuffer>
 #include <QtCore/QCache>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>
@@ -24,6 +25,9 @@ constexpr int kMostCost = 24576; // with the above, 6.3 million pixels or 24 MiB
 // others make the whole picture first, and some of them a copy of it; a few kilobytes of file can
 // ask for gigabytes.
 constexpr qint64 kMostPixels = qint64(1) << 28;
+
+// Files up to this size are read as a whole where that helps.
+constexpr qint64 kMostBytesAtOnce = 1 << 26;
 
 // The three below are used by the thread of the GUI and by all threads of the pool, under the lock.
 // It is not held while a file is read.
@@ -190,7 +194,13 @@ bool ThumbnailLoadJob::decode(QImage *image) const
     if (!file.open(QIODevice::ReadOnly))
         return false;
 
+    QBuffer whole; // of a JPEG: without it libjpeg asks for more in the middle of each block
     QImageReader reader(&file);
+    if (file.size() <= kMostBytesAtOnce && reader.format() == "jpeg" && file.seek(0)) {
+        whole.setData(file.readAll());
+        whole.open(QIODevice::ReadOnly);
+        reader.setDevice(&whole);
+    }
     const QSize full = reader.size();
     const ThumbnailDecoding decoding = thumbnailDecoding(full, region,
                                                          thumbnailTarget(width, height,
