@@ -13,8 +13,8 @@ FocusScope {
     opacity: enabled ? 1 : 0
 
     Keys.onPressed: {
-        const altOnly = event.modifiers & Qt.AltModifier
-        event.accepted = event.key === (altOnly ? Qt.Key_Up : Qt.Key_F4)
+        event.accepted = event.modifiers === Qt.AltModifier ? event.key === Qt.Key_Up
+                                                            : event.modifiers === Qt.NoModifier && event.key === Qt.Key_F4
         if (event.accepted)
             field.hide()
     }

@@ -40,7 +40,6 @@ UiLineEditBase {
     implicitHeight: 32
     textInput: input
 
-
     // The text may have come before the item that shows it.
     onTextInputChanged: if (textInput === input) input.text = text
 

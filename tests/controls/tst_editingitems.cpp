@@ -68,6 +68,8 @@ void tst_EditingItems::circles()
     scene.edit->forceActiveFocus();
     QCOMPARE(scene.edit->editText(), QString());
     expectWarning(QStringLiteral("cannot be its own editing item"));
+    scene.edit->setTextInput(scene.edit);
+    QVERIFY(!scene.edit->textInput());
     auto *other = scene.find<LineEditBase>("other");
     scene.edit->setTextInput(other);
     other->setTextInput(scene.edit);

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void accelerates();
     void ends();
     void dropsWhereItIs();
+    void restsAfterDrop();
     void popups();
     void windows();
     void handlersThatDestroy_data();
@@ -166,6 +167,32 @@ void tst_VerticalScrollViewDrag::dropsWhereItIs()
         const QString end = windowGoes ? QStringLiteral("row5.dragExit")
                                        : QStringLiteral("row5.drop");
         QCOMPARE(log.take(), names({ "row3.dragEnter", "row5.dragEnter", "row3.dragExit" }) << end);
+    }
+}
+
+// No view begins to scroll again after the drop, whichever is told of it first.
+void tst_VerticalScrollViewDrag::restsAfterDrop()
+{
+    for (const bool outerIsFirst : { false, true }) {
+        Scene scene(QString {});
+        View views[2];
+        View &outer = views[outerIsFirst ? 0 : 1];
+        View &inner = views[outerIsFirst ? 1 : 0];
+        QQuickItem content;
+        content.setImplicitHeight(10000);
+        inner.setContentItem(&content);
+        for (View &view : views) {
+            view.setSize(QSizeF(300, 400));
+            view.setParentItem(scene.root());
+        }
+        inner.setParentItem(&outer);
+        DragOver drag(scene.window());
+        drag.enter(QPoint(200, 380));
+        drag.move(QPoint(200, 381));
+        QVERIFY(scrollsByItself(&inner) && scrollsByItself(&outer));
+        inner.setScrollPosition(200, true);
+        drag.drop(QPoint(200, 381));
+        QVERIFY(!scrollsByItself(&inner) && !scrollsByItself(&outer));
     }
 }
 

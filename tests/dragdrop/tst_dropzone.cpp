@@ -74,6 +74,7 @@ private Q_SLOTS:
     void enterAndLeave();
     void drop();
     void whoIsAsked();
+    void zoneInside();
     void listChangesDuringDrag();
     void valuesInQml();
     void handlerDies_data();
@@ -219,6 +220,23 @@ void tst_DropZone::whoIsAsked()
     QVERIFY(drag.enter(kInside));
     QCOMPARE(m_zone->activeDropHandler(), &second);
     drag.leave();
+}
+
+// What it refuses goes to the one around it, and what it takes leaves that.
+void tst_DropZone::zoneInside()
+{
+    DropZone inner(m_zone);
+    inner.setSize(QSizeF(50, 50));
+    Handler picky(false);
+    append(&inner, &picky);
+    DragOver drag(window());
+    QVERIFY(drag.enter(kInside));
+    QVERIFY(m_zone->containsDrag() && !inner.containsDrag());
+    picky.accepts = true;
+    QVERIFY(drag.move(kInside));
+    QVERIFY(inner.containsDrag() && !m_zone->containsDrag());
+    drag.leave();
+    QVERIFY(!inner.containsDrag());
 }
 
 void tst_DropZone::listChangesDuringDrag()

@@ -1,5 +1,6 @@
 #include "gallery.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QStyleHints>
 #include <QtTest/QtTest>
@@ -9,6 +10,7 @@ namespace ta::test {
 namespace {
 
 constexpr int kPatience = 60000; // ms that the gallery may be silent, on a slow machine
+constexpr int kLongest = 5 * kPatience; // whatever it says
 constexpr int kThickestFrame = 60; // of a window manager, left and top added up
 
 void input(const QStringList &arguments)
@@ -229,9 +231,10 @@ bool Gallery::closes()
     return false;
 }
 
-// As long as the gallery says something it gets on, however slowly.
+// As long as the gallery says something it gets on, however slowly, up to a limit.
 bool Gallery::waitFor(const std::function<bool()> &condition)
 {
+    const QDeadlineTimer deadline(kLongest);
     QElapsedTimer silence;
     silence.start();
     int lines = m_lines.count();
@@ -239,10 +242,10 @@ bool Gallery::waitFor(const std::function<bool()> &condition)
         if (m_lines.count() != lines) {
             lines = m_lines.count();
             silence.restart();
-        } else if (silence.hasExpired(kPatience)) {
-            return false;
         }
-        QTest::qWait(1);
+        if (silence.hasExpired(kPatience) || deadline.hasExpired())
+            return false;
+        QTest::qWait(10);
     }
     return true;
 }

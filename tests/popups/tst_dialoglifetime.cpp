@@ -16,6 +16,7 @@ private Q_SLOTS:
     void initTestCase() { Scene::useKit(); }
     void handlersThatDestroy_data();
     void handlersThatDestroy();
+    void clicksThatDestroy();
     void handlersThatClose();
     void handlersThatReopen();
     void contentThatCallsBack();
@@ -110,6 +111,28 @@ void tst_DialogLifetime::handlersThatDestroy()
         QTRY_VERIFY(!host);
         if (scene.window())
             QVERIFY(scene.find("before")->hasActiveFocus());
+    }
+}
+
+// The item that is in the middle of the click outlives it.
+void tst_DialogLifetime::clicksThatDestroy()
+{
+    for (const bool accepts : { false, true }) {
+        DialogScene scene(QStringLiteral(
+            "Item { objectName: 'before' }\n"
+            "UiDialog { objectName: 'dialog'; contentDelegate: Component { MouseArea {\n"
+            "property var dialog; signal struck\n"
+            "implicitWidth: 200; implicitHeight: 200; onClicked: struck() } } }"));
+        scene.dialog->show();
+        const QPointer<QQuickItem> area = scene.dialog->content();
+        on(area, QStringLiteral("struck"), [&] {
+            if (accepts)
+                scene.dialog->accept(1);
+            delete scene.dialog.data();
+        });
+        click(scene.window(), center(area));
+        QVERIFY(!scene.dialog);
+        QTRY_VERIFY(!area);
     }
 }
 

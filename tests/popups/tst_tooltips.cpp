@@ -368,12 +368,14 @@ void tst_Tooltips::handlersThatDestroy()
                                             "tooltipVisibleChanged", "tooltipDelegateChanged" });
     for (const char *victim : { "agent", "item", "tooltip item", "window" }) {
         for (const QString &signal : signalNames) {
+            bool struck = false; // on one occasion at least
             for (Occasion occasion : { Showing, Move, DelegateChange }) {
                 AgentScene scene;
                 bool armed = occasion == Showing;
                 on(scene.agent, signal, [&] {
                     if (!std::exchange(armed, false))
                         return;
+                    struck = true;
                     if (qstrcmp(victim, "tooltip item") == 0)
                         delete scene.agent->tooltipItem();
                     else if (qstrcmp(victim, "window") == 0)
@@ -392,6 +394,7 @@ void tst_Tooltips::handlersThatDestroy()
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 armed = false;
             }
+            QVERIFY2(struck, qPrintable(signal));
         }
     }
 }

@@ -1,5 +1,6 @@
 // variants: x11 threaded scale2
 #include "support/colors.h"
+#include "support/framecounter.h"
 #include "support/probeimage.h"
 #include "support/scene.h"
 #include "support/signallog.h"
@@ -10,8 +11,6 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QThreadPool>
-
-#include <atomic>
 
 using namespace ta::ui;
 using namespace ta::test;
@@ -277,10 +276,7 @@ void tst_Thumbnail::arrivalsShareFrames()
         thumbnails.last()->setRegion(QRect(0, i, 8, 1)); // a load of its own
     }
     QVERIFY(board.waitForFrame());
-    std::atomic_int frames = 0;
-    connect(
-        board.window(), &QQuickWindow::frameSwapped, board.window(), [&] { ++frames; },
-        Qt::DirectConnection);
+    const FrameCounter frames(board.window());
     QElapsedTimer timer;
     timer.start();
     for (Thumbnail *thumbnail : qAsConst(thumbnails)) {
@@ -289,7 +285,8 @@ void tst_Thumbnail::arrivalsShareFrames()
         QTest::qWait(5); // enough for a frame
     }
     const int most = 2 + int(timer.elapsed() / 33);
-    QVERIFY2(frames <= most, qPrintable(QStringLiteral("%1, not %2").arg(frames).arg(most)));
+    QVERIFY2(frames.count() <= most,
+             qPrintable(QStringLiteral("%1, not %2").arg(frames.count()).arg(most)));
     QTRY_VERIFY(board.pixel(QPointF(375, 135)) != QColor(Qt::white));
 }
 

@@ -12,7 +12,8 @@ Rectangle {
 
     readonly property bool discarded: state === "discarded"
 
-    // Fades out and destroys itself. All that while it looks as it did, but is only a picture.
+    // Fades out and destroys itself. All that while it looks as it did, but pointer and keys do not
+    // get at it.
     signal discard()
 
     // Of the window.
@@ -38,7 +39,7 @@ Rectangle {
         acceptedButtons: Qt.AllButtons
         hoverEnabled: true
 
-        onWheel: wheel.accepted = dialogCover.discarded
+        onWheel: wheel.accepted = dialogCover.discarded && content.contains(mapToItem(content, wheel.x, wheel.y))
         onClicked: {
             const active = Window.activeFocusItem
             if (dialogCover.discarded || !active) // the focus is elsewhere by now

@@ -5,6 +5,10 @@
 #include "popups/ipopup.h"
 #include "popups/popupstack.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QDropEvent>
+
 // Scrolling by keys and wheel, and while something is dragged.
 
 namespace ta::ui {
@@ -14,6 +18,10 @@ namespace {
 // Positions beyond either end of any content.
 constexpr double kTop = -2147483647.0;
 constexpr double kBottom = 4294967295.0;
+
+// Whether the move that windows are told of just now is the one before a drop, with which no view
+// begins to scroll again. GUI thread only.
+bool s_tellsBeforeDrop = false;
 
 } // namespace
 
@@ -125,6 +133,7 @@ void VerticalScrollViewPrivate::tellBeforeDrop(QObject *window, const QDropEvent
         return;
     QDragMoveEvent move(event->pos(), event->possibleActions(), event->mimeData(),
                         event->mouseButtons(), event->keyboardModifiers());
+    const QScopedValueRollback<bool> telling(s_tellsBeforeDrop, true);
     QCoreApplication::sendEvent(window, &move);
 }
 
@@ -132,8 +141,6 @@ void VerticalScrollViewPrivate::tellBeforeDrop(QObject *window, const QDropEvent
 // window.
 bool VerticalScrollView::eventFilter(QObject *watched, QEvent *event)
 {
-    const QPointer<VerticalScrollView> guard(this);
-    const QPointer<QObject> window(watched);
     switch (event->type()) {
     case QEvent::DragEnter:
         // One drag that comes back to the edge goes on as fast as it was, the next begins slowly.
@@ -141,20 +148,22 @@ bool VerticalScrollView::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::DragMove:
         d->positionAtDragMove = scrollPosition();
-        d->drag(static_cast<QDragMoveEvent *>(event)->posF());
+        if (!s_tellsBeforeDrop)
+            d->drag(static_cast<QDragMoveEvent *>(event)->posF());
         break;
-    case QEvent::Drop:
+    case QEvent::Drop: {
+        d->autoScrollTimer->stop();
+        const QPointer<QObject> window(watched);
         d->tellBeforeDrop(watched, static_cast<QDropEvent *>(event));
-        if (guard)
-            d->autoScrollTimer->stop();
-        break;
+        return !window;
+    }
     case QEvent::DragLeave:
         d->autoScrollTimer->stop();
         break;
     default:
         break;
     }
-    return !window;
+    return false;
 }
 
 } // namespace ta::ui

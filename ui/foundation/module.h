@@ -10,7 +10,7 @@ namespace ta::ui {
     A host calls it once, on the GUI thread, before it loads QML that imports the module; a second
     call registers the same types again and changes nothing that QML can see. The module
    "tamber.Ui", with the public types and the controls that have a look, is not registered here: the
-    kit does it, or the host itself.
+   kit does it, or the host itself.
 */
 TAMBERUI_EXPORT void register_private();
 

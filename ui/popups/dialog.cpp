@@ -122,7 +122,7 @@ void Dialog::setAutoSize(bool autoSize)
     d->resized(&Dialog::autoSizeChanged);
     // The bindings to the content's size are active again and have written it: a fixed one goes
     // before.
-    if (guard)
+    if (guard && !d->autoSize)
         d->updateDialogSize();
 }
 

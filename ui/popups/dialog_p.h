@@ -29,6 +29,7 @@ public:
 
     void discard();
     void discardImmediate();
+    void endPress(const QQuickItem *closing);
     void close(const QQuickItem *closing);
     void forget();
     void end(void (DialogPrivate::*leave)(), const std::function<void()> &answer);
@@ -81,6 +82,7 @@ public:
     int locks = 0; // while there are any show() does nothing
     bool onStack = false;
     int answers = 0; // that are being given, from clicks and keys of the host's items maybe
+    bool wasPressed = false; // when it closed: an item of the host may be in the middle of an event
     QVector<QMetaObject::Connection> connections; // while shown
 
     static SharedComponent m_sharedHostComponent;

@@ -196,6 +196,15 @@ void DialogPrivate::resized(void (Dialog::*changed)())
 
 // --- Closing ------------------------------------------------------------------------------------
 
+// What is being pressed in there must not become a click any more.
+void DialogPrivate::endPress(const QQuickItem *closing)
+{
+    QQuickItem *grabber = closing->window() ? closing->window()->mouseGrabberItem() : nullptr;
+    wasPressed = isInside(closing, grabber);
+    if (wasPressed)
+        grabber->ungrabMouse();
+}
+
 // Lets the host fade; it destroys itself at the end of that.
 void DialogPrivate::discard()
 {
@@ -209,11 +218,8 @@ void DialogPrivate::discard()
     ++locks;
     QQmlEngine::setObjectOwnership(closing, QQmlEngine::JavaScriptOwnership);
     QMetaObject::invokeMethod(closing, "discard");
-    // What is being pressed in there must not become a click any more.
-    QQuickItem *grabber = closing && closing->window() ? closing->window()->mouseGrabberItem()
-                                                       : nullptr;
-    if (isInside(closing, grabber))
-        grabber->ungrabMouse();
+    if (closing)
+        endPress(closing);
     if (!guard)
         return;
     --locks;
@@ -226,7 +232,9 @@ void DialogPrivate::discardImmediate()
     const QPointer<Dialog> guard(q);
     host.clear();
     ++locks;
-    closing->setParentItem(nullptr);
+    endPress(closing);
+    if (closing)
+        closing->setParentItem(nullptr);
     if (closing)
         closing->deleteLater();
     if (!guard)
@@ -283,7 +291,7 @@ void DialogPrivate::releaseHosts()
     const auto hosts = q->findChildren<QQuickItem *>(QString(), Qt::FindDirectChildrenOnly);
     for (QQuickItem *item : hosts) {
         const QQuickItem *grabber = item->window() ? item->window()->mouseGrabberItem() : nullptr;
-        if (answers > 0 || locks > 1 || (grabber && item->isAncestorOf(grabber))) {
+        if (answers > 0 || locks > 1 || wasPressed || (grabber && item->isAncestorOf(grabber))) {
             item->setParent(qmlEngine(item)); // for the case that the application ends before
             item->deleteLater();
         }

@@ -3,7 +3,7 @@
 #include "foundation/assign.h"
 #include "foundation/createobject.h"
 #include "foundation/logging.h"
-#include "foundation/positions.h"
+#include "foundation/rounding.h"
 #include "ipopup.h"
 #include "popupstack.h"
 #include "scenepoint_p.h"

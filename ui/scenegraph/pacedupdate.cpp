@@ -22,11 +22,13 @@ public:
 
     void add(QQuickItem *item)
     {
-        if (m_interval.isActive()) {
+        const bool isSeen = item->window() && item->isVisible();
+        if (isSeen && m_interval.isActive()) {
             m_waiting.append(item);
         } else {
             item->update();
-            m_interval.start(kInterval, this);
+            if (isSeen)
+                m_interval.start(kInterval, this);
         }
     }
 

@@ -163,7 +163,7 @@ void Thumbnail::loadFinished()
     d->image = d->watcher->result();
     d->watcher.release()->deleteLater(); // it is still emitting
     d->dirty |= ThumbnailPrivate::DirtyTexture;
-    updatePaced(this);
+    updatePaced(this); // dozens may arrive at once
 }
 
 // Runs on the render thread while the GUI thread waits.
