@@ -2,6 +2,7 @@
 
 #include <QtCore/QDeadlineTimer>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 #include <QtGui/QStyleHints>
 #include <QtTest/QtTest>
 
@@ -94,6 +95,16 @@ QRect Gallery::area(const QString &name)
     if (!rests)
         qWarning("There is no item \"%s\" to be seen", qPrintable(name));
     return m_places.value(name);
+}
+
+bool Gallery::paints(const QString &name)
+{
+    const QPoint point = place(name);
+    return waitFor([&] {
+        const QPixmap pixel = QGuiApplication::primaryScreen()->grabWindow(0, point.x(), point.y(),
+                                                                           1, 1);
+        return pixel.toImage().pixelColor(0, 0) != QColor(Qt::white);
+    });
 }
 
 void Gallery::move(const QString &name)

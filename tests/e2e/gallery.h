@@ -39,6 +39,9 @@ public:
     QRect area(const QString &name);
     /// The middle of it.
     QPoint place(const QString &name) { return area(name).center(); }
+    /// Whether the middle of the item \a name gets another colour than white on the screen, or has
+    /// it. Pictures come some time after their items.
+    bool paints(const QString &name);
 
     /// Puts the pointer on the item's middle; click() and clickAt() also press and release there.
     void move(const QString &name);

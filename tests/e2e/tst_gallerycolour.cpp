@@ -23,10 +23,12 @@ namespace {
 // Picks from the picture \a number, and adds what it got to the user's own colours.
 void pickAndKeep(Gallery &gallery, int number)
 {
+    const QString picture = QStringLiteral("dropperPicture%1").arg(number);
     QVERIFY(gallery.says(QStringLiteral("ready colour")));
+    QVERIFY(gallery.paints(picture)); // white would be a colour of a palette
     gallery.click(QStringLiteral("dropperButton"));
     QVERIFY(gallery.says(QStringLiteral("clicked dropperButton")));
-    gallery.click(QStringLiteral("dropperPicture%1").arg(number));
+    gallery.click(picture);
     gallery.click(QStringLiteral("keepButton"));
     QVERIFY(gallery.says(QStringLiteral("clicked keepButton")));
     QVERIFY(gallery.closes());
