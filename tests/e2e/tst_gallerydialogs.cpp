@@ -11,6 +11,7 @@ class tst_GalleryDialogs : public TestCase
 
 private Q_SLOTS:
     void form();
+    void wizard();
 };
 
 // Filled in and accepted from the keyboard alone; what comes of it, and the focus, is on the page.
@@ -42,6 +43,19 @@ void tst_GalleryDialogs::form()
     gallery.key("Escape");
     QVERIFY(gallery.focuses("openFormButton"));
     QVERIFY(gallery.area(QStringLiteral("savedloCanteenoffatnight")).isValid());
+}
+
+// Return goes on from page to page, and from the last one to the end.
+void tst_GalleryDialogs::wizard()
+{
+    Gallery gallery({ QStringLiteral("--page"), QStringLiteral("dialogs") });
+    QVERIFY(gallery.says(QStringLiteral("ready dialogs")));
+    gallery.click(QStringLiteral("openWizardButton"));
+    for (const char *page : { "wizardPage1", "wizardPage2", "wizardPage3" }) {
+        QVERIFY(gallery.area(QLatin1String(page)).isValid());
+        gallery.key("Return");
+    }
+    QVERIFY(gallery.focuses("openWizardButton"));
 }
 
 TAMBER_TEST_MAIN(tst_GalleryDialogs)

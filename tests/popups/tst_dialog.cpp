@@ -331,8 +331,10 @@ void tst_Dialog::returnKey_data()
         { "role: UiDialogButton.CancelRole; style: Ui.PrimaryPushButtonStyle", ok }, "rejected");
     row("own action", { "role: UiDialogButton.OkRole; action: UiDialogButton.ForwardAction" },
         "nextPage");
-    row("disabled before", { "role: UiDialogButton.OkRole; enabled: false", close }, "");
-    row("hidden before", { "role: UiDialogButton.BackRole; visible: false", ok }, "accepted");
+    row("disabled before", { "role: UiDialogButton.OkRole; enabled: false", close }, "accepted");
+    row("hidden before", { "role: UiDialogButton.BackRole; visible: false", ok }, "previousPage");
+    row("without action", { "role: UiDialogButton.OkRole; action: UiDialogButton.NoAction", ok },
+        "");
 }
 
 void tst_Dialog::returnKey()

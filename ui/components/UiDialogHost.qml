@@ -70,17 +70,15 @@ Rectangle {
             return first !== content && isChild(first) ? first : null
         }
 
+        // Whether the button is seen and enabled does not matter: its style says whether Return
+        // is for it, its action what comes of that.
         function triggerPrimaryAction() {
             for (let index = 0; index < dialog.buttons.length; ++index) {
-                const button = dialog.buttons[index]
-                // What nobody sees is passed over, as is a button that was destroyed.
-                if (!button || !button.visible
-                        || button.effectiveStyle !== Ui.PrimaryPushButtonStyle)
-                    continue
-                // One that is disabled keeps its place: Return does not go on to close the dialog.
-                if (button.enabled)
+                const button = dialog.buttons[index] // null where it was destroyed
+                if (button && button.effectiveStyle === Ui.PrimaryPushButtonStyle) {
                     dialog.trigger(button)
-                return
+                    return
+                }
             }
         }
 

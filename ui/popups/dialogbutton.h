@@ -17,6 +17,9 @@ class DialogButtonPrivate;
     It is no item: the dialog's footer draws a push button for it. A caption, a style and an action
     that are left open come from the role.
 
+    Return and Enter in a dialog do what a click on its first primary button does, by the
+    effectiveStyle alone: that button may be hidden or disabled.
+
     QML: \c UiDialogButton.
 */
 class TAMBERUI_EXPORT DialogButton : public QObject

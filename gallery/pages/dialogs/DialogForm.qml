@@ -44,6 +44,8 @@ Card {
                 role: UiDialogButton.CancelRole
             },
             UiDialogButton {
+                // Return takes a primary button that is disabled as well.
+                action: enabled ? UiDialogButton.AutomaticAction : UiDialogButton.NoAction
                 enabled: formDialog.content ? formDialog.content.complete : false
                 role: UiDialogButton.DoneRole
             }

@@ -89,7 +89,10 @@ Card {
                 style: Ui.PrimaryPushButtonStyle
                 text: qsTr("Upload")
 
+                // Return takes a primary button that is disabled as well.
                 onClicked: {
+                    if (uploadDialog.busy)
+                        return
                     uploadDialog.busy = true
                     upload.start()
                 }

@@ -15,6 +15,7 @@ Card {
 
     DialogOpener {
         dialog: wizard
+        objectName: "openWizardButton"
         text: qsTr("Set up a screen")
     }
 
@@ -41,6 +42,8 @@ Card {
             },
             UiDialogButton {
                 role: UiDialogButton.ForwardRole
+                // Return takes the first primary button, seen or not.
+                style: visible ? Ui.AutomaticPushButtonStyle : Ui.SecondaryPushButtonStyle
                 visible: wizard.page < wizard.pages.length - 1
             },
             UiDialogButton {
@@ -52,6 +55,7 @@ Card {
             DialogText {
                 implicitHeight: 112
                 text: wizard.pages[wizard.page]
+                textName: "wizardPage" + (wizard.page + 1)
             }
         }
 
