@@ -86,10 +86,10 @@ void tst_ContextMenu::entries()
 // The road of one right click, from the press to the closed menu.
 void tst_ContextMenu::rightClick()
 {
+    QStringList log;
     MenuScene scene(kScene);
     ContextMenu *menu = scene.menu;
     auto *rename = scene.find<MenuItem>("rename");
-    QStringList log;
     const auto note = [&](QObject *sender, const char *signal) {
         on(sender, QLatin1String(signal), [&log, menu, signal] {
             log.append(QLatin1String(signal));
@@ -106,6 +106,7 @@ void tst_ContextMenu::rightClick()
     QCOMPARE(take(), names({ "contextMenuRequested" }));
     QVERIFY(!menu->rootItem());
     release(scene.window(), QPoint(160, 155), Qt::RightButton);
+    QVERIFY(menu->rootItem() && menu->rootItem()->opacity() > 0); // seen in its first frame
     QTRY_VERIFY(scene.frame()->height() > 6);
     QCOMPARE(take(), names({ "menuVisibleChanged visible" }));
     QCOMPARE(PopupStack::top(), menu);

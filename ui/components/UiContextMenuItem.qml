@@ -51,8 +51,11 @@ Item {
         Transition {
             to: "visible"
 
+            // Not from nothing, which would make the first two frames empty: the first one shows
+            // what the fade comes to in a sixtieth of a second.
             NumberAnimation {
                 duration: 80
+                from: 0.2
                 property: "opacity"
                 target: menu
             }
