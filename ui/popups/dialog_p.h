@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialog.h"
+#include "heldkey_p.h"
 
 #include "../foundation/objectlist.h"
 #include "../foundation/sharedcomponent.h"
@@ -78,6 +79,7 @@ public:
     QPointer<DialogButton> defaultButton;
     QPointer<QQuickItem> previousFocusItem;
     int heldKey = 0; // went down while the dialog was on top, and is not up yet
+    QPointer<HeldKeyFilter> heldBefore; // what was down when it opened
 
     int locks = 0; // while there are any show() does nothing
     bool onStack = false;

@@ -1,7 +1,6 @@
 #include "dialog_p.h"
 
 #include "focusitem_p.h"
-#include "heldkey_p.h"
 #include "popupstack.h"
 
 #include "foundation/createobject.h"
@@ -85,6 +84,9 @@ void DialogPrivate::open()
     if (isOver())
         return;
     joinStack();
+    // The key that opened it may be down still: held for long, or released in the default button,
+    // it would answer what nobody has read.
+    heldBefore = new HeldKeyFilter(q);
     updateDialogSize();
     if (!isOver())
         Q_EMIT q->opened();
@@ -254,6 +256,7 @@ void DialogPrivate::close(const QQuickItem *closing)
     for (const QMetaObject::Connection &connection : qAsConst(connections))
         QObject::disconnect(connection);
     connections.clear();
+    delete heldBefore;
     s_shown.removeOne(this);
     bequeathFocus(closing, previousFocusItem);
     contentScope.clear();

@@ -5,15 +5,17 @@
 
 namespace ta::ui {
 
-HeldKeyFilter::HeldKeyFilter(int key) : QObject(QCoreApplication::instance()), m_key(key)
+HeldKeyFilter::HeldKeyFilter(QObject *parent) : HeldKeyFilter(0, parent) {}
+
+HeldKeyFilter::HeldKeyFilter(int key, QObject *parent) : QObject(parent), m_key(key)
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
 void HeldKeyFilter::swallowRest(int key)
 {
-    if (QCoreApplication::instance())
-        new HeldKeyFilter(key); // its parent is the application; it ends itself before
+    if (QCoreApplication *application = QCoreApplication::instance())
+        new HeldKeyFilter(key, application); // it ends itself before
 }
 
 void HeldKeyFilter::end()
@@ -22,17 +24,22 @@ void HeldKeyFilter::end()
     deleteLater();
 }
 
-bool HeldKeyFilter::eventFilter(QObject *, QEvent *event)
+bool HeldKeyFilter::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease: {
         const auto *key = static_cast<QKeyEvent *>(event);
-        const bool isRest = key->key() == m_key
-                            && (key->isAutoRepeat() || event->type() == QEvent::KeyRelease);
-        if (!key->isAutoRepeat())
+        if (event->type() == QEvent::KeyPress && !key->isAutoRepeat()) {
+            // A window gets it first. Where it comes to an item, it may be the press that moved the
+            // focus, on its way up from an item that left it to its parents.
+            if (watched->isWindowType())
+                end();
+            return false;
+        }
+        if (m_key && !key->isAutoRepeat())
             end();
-        return isRest;
+        return !m_key || key->key() == m_key;
     }
     case QEvent::MouseButtonPress:
     case QEvent::ApplicationStateChange:

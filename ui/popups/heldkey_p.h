@@ -16,13 +16,17 @@ public:
     /// Any other input of the user ends it, too.
     static void swallowRest(int key);
 
+    /// Swallows the rest of all keys that are down now, whichever they are, until one of them or a
+    /// mouse button goes down anew. Its owner may destroy it before that.
+    explicit HeldKeyFilter(QObject *parent);
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    explicit HeldKeyFilter(int key);
+    HeldKeyFilter(int key, QObject *parent);
     void end();
 
-    const int m_key;
+    const int m_key; // 0 for all
 };
 
 } // namespace ta::ui
