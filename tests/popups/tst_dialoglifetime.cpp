@@ -20,6 +20,7 @@ private Q_SLOTS:
     void handlersThatClose();
     void handlersThatReopen();
     void contentThatCallsBack();
+    void shownBeforeWindow();
     void answersThatOpenAnother();
     void previousFocusDestroyed();
     void hostDestroyedOutside();
@@ -199,6 +200,25 @@ void tst_DialogLifetime::contentThatCallsBack()
     QVERIFY(dialog->content()->hasActiveFocus());
     dialog->reject();
     QVERIFY(scene.find("before")->hasActiveFocus());
+}
+
+// As where a view completes its root item: the dialog is seen as soon as there is a window.
+void tst_DialogLifetime::shownBeforeWindow()
+{
+    Scene scene(QString {});
+    const auto root = scene.create(QStringLiteral("FocusScope { focus: true\n") + kDialog
+                                   + QStringLiteral("Component.onCompleted: theDialog.show() }"));
+    auto *dialog = root->findChild<Dialog *>(QStringLiteral("dialog"));
+    dialog->setAutoSize(true);
+    QVERIFY(dialog->rootItem() && !dialog->rootItem()->parentItem());
+    qobject_cast<QQuickItem *>(root.get())->setParentItem(scene.window()->contentItem());
+    QTRY_COMPARE(dialog->rootItem()->parentItem(), scene.window()->contentItem());
+    QVERIFY(scene.find("inside")->hasActiveFocus());
+    QCOMPARE(dialog->content()->width(), 800.0);
+    scene.window()->resize(640, 480);
+    QTRY_COMPARE(dialog->content()->width(), 640.0);
+    QTest::keyClick(scene.window(), Qt::Key_Return);
+    QVERIFY(!dialog->rootItem() && scene.find("before")->hasActiveFocus());
 }
 
 void tst_DialogLifetime::answersThatOpenAnother()

@@ -167,8 +167,9 @@ public:
     bool preventAutoScroll() const override;
 
 public Q_SLOTS:
-    /// Opens the dialog, unless it is open. Where its items cannot be made it stays closed, and a
-    /// critical message says why.
+    /// Opens the dialog, unless it is open; one whose item is in no window yet is seen as soon as
+    /// it is in one. Where its items cannot be made it stays closed, and a critical message says
+    /// why.
     void show();
     /// Close the dialog and emit rejected() or accepted(); nothing where it is closed.
     void reject();

@@ -24,6 +24,8 @@ public:
     void open();
     QQuickItem *createHost();
     void watch();
+    void watchWindow();
+    void enterWindow();
     void watchButton(const DialogButton *button);
     void updateDialogSize();
     void resized(void (Dialog::*changed)());

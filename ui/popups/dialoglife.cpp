@@ -26,14 +26,20 @@ namespace {
 
 constexpr qreal kHostZ = 65635; // as the layers of popups: what opens later lies above
 
-// The content item of the window of the nearest item above \a object.
-QQuickItem *findHostParent(const QObject *object)
+const QQuickItem *nearestItem(const QObject *object)
 {
     for (const QObject *parent = object->parent(); parent; parent = parent->parent()) {
         if (const auto *item = qobject_cast<const QQuickItem *>(parent))
-            return item->window() ? item->window()->contentItem() : nullptr;
+            return item;
     }
     return nullptr;
+}
+
+// The content item of the window of the nearest item above \a object.
+QQuickItem *findHostParent(const QObject *object)
+{
+    const QQuickItem *item = nearestItem(object);
+    return item && item->window() ? item->window()->contentItem() : nullptr;
 }
 
 void printErrors(const QQmlComponent &component)
@@ -142,18 +148,50 @@ void DialogPrivate::watch()
 {
     s_shown.append(this);
     connections.append(QObject::connect(host, &QObject::destroyed, q, [this] { rejectLost(); }));
-    if (QQuickWindow *parentWindow = window()) {
-        const auto follow = [this] {
-            if (autoSize)
-                updateDialogSize();
-        };
-        connections.append(
-            QObject::connect(hostParent, &QObject::destroyed, q, [this] { rejectLost(); }));
-        connections.append(QObject::connect(parentWindow, &QWindow::widthChanged, q, follow));
-        connections.append(QObject::connect(parentWindow, &QWindow::heightChanged, q, follow));
-    }
     for (const auto &button : qAsConst(buttons))
         watchButton(button);
+    if (hostParent) {
+        watchWindow();
+    } else if (const QQuickItem *item = nearestItem(q)) {
+        // Queued: what is entering a window has its focus there last.
+        connections.append(QObject::connect(
+            item, &QQuickItem::windowChanged, q, [this] { enterWindow(); }, Qt::QueuedConnection));
+    }
+}
+
+void DialogPrivate::watchWindow()
+{
+    QQuickWindow *parentWindow = window();
+    if (!parentWindow)
+        return;
+    const auto follow = [this] {
+        if (autoSize)
+            updateDialogSize();
+    };
+    connections.append(
+        QObject::connect(hostParent, &QObject::destroyed, q, [this] { rejectLost(); }));
+    connections.append(QObject::connect(parentWindow, &QWindow::widthChanged, q, follow));
+    connections.append(QObject::connect(parentWindow, &QWindow::heightChanged, q, follow));
+}
+
+// It was shown before its item was in a window, as where a component is completed: nobody could see
+// what keeps all input away.
+void DialogPrivate::enterWindow()
+{
+    if (!host || hostParent)
+        return;
+    hostParent = findHostParent(q);
+    if (!hostParent)
+        return;
+    previousFocusItem = focusItem(window());
+    watchWindow();
+    const QPointer<Dialog> guard(q);
+    const QPointer<QQuickItem> entering = host;
+    host->setParentItem(hostParent);
+    if (guard && host && host == entering && contentScope)
+        contentScope->forceActiveFocus();
+    if (guard && host && host == entering)
+        updateDialogSize();
 }
 
 // The footer takes a button that is destroyed off the screen.
