@@ -26,6 +26,7 @@ private Q_SLOTS:
     void returnKey_data();
     void returnKey();
     void footerArrows();
+    void hiddenButton();
     void tabCycle();
     void clicksAndFocus();
     void heldKey();
@@ -377,6 +378,26 @@ void tst_Dialog::footerArrows()
     QTest::keyClick(scene.window(), Qt::Key_Space);
     QCOMPARE(log.take(), names({ "clicked" }));
     dialog->reject();
+}
+
+// A button that is hidden or disabled while it has the focus is for no key any more.
+void tst_Dialog::hiddenButton()
+{
+    for (const char *property : { "visible", "enabled" }) {
+        DialogScene scene(dialogQml(
+            QStringLiteral("defaultButton: next\n")
+            + buttons(
+                { "id: next; role: UiDialogButton.ForwardRole; style: Ui.SecondaryPushButtonStyle",
+                  "role: UiDialogButton.DoneRole" })));
+        SignalLog log;
+        log.watch(scene.dialog, names({ "accepted", "nextPage" }));
+        scene.dialog->show();
+        QTest::keyClick(scene.window(), Qt::Key_Space);
+        scene.dialog->defaultButton()->setProperty(property, false);
+        QTest::keyClick(scene.window(), Qt::Key_Space);
+        QTest::keyClick(scene.window(), Qt::Key_Return);
+        QCOMPARE(log.take(), names({ "nextPage", "accepted" }));
+    }
 }
 
 void tst_Dialog::tabCycle()

@@ -112,6 +112,8 @@ Rectangle {
                 visible: button().visible
 
                 onClicked: dialogFooter.dialog.trigger(button())
+                // As Qt does where it is disabled: nobody would know what the keys are for.
+                onVisibleChanged: if (!button().visible) focus = false
             }
         }
     }

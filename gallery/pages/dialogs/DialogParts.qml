@@ -46,6 +46,7 @@ Card {
 
                 UiPushButton {
                     anchors.centerIn: parent
+                    focus: true // Return is for listed buttons, of which there are none
                     objectName: "ownPartsButton"
                     style: Ui.PrimaryPushButtonStyle
                     text: qsTr("Fine")
