@@ -17,6 +17,7 @@ private Q_SLOTS:
     void keysThatEnd();
     void bindable();
     void focusReasons();
+    void focusWhileCreated();
     void writtenText();
     void composedText();
     void undoAfterRevert();
@@ -166,6 +167,20 @@ void tst_LineEditBase::focusReasons()
         scene.input->forceActiveFocus(row.reason);
         QCOMPARE(scene.input->property("selections").toInt(), row.direct);
     }
+}
+
+// An edit that is made where nothing else has the focus gets it before it has its editing item.
+void tst_LineEditBase::focusWhileCreated()
+{
+    Edits scene(QStringLiteral(
+        "Loader { objectName: 'loader'; focus: true; active: false; sourceComponent: Component {"
+        "UiLineEditBase { focus: true; text: 'abc'; textInput: input\n"
+        "onTextInputChanged: input.text = text\n"
+        "TextInput { id: input; objectName: 'late' } } } }"));
+    scene.find("loader")->setProperty("active", true);
+    auto *late = scene.find("late");
+    QVERIFY(late->hasActiveFocus());
+    QCOMPARE(late->property("selectedText").toString(), QStringLiteral("abc"));
 }
 
 // The host may write at any time; where the cursor is while the user types is not its business.

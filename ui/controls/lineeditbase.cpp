@@ -7,6 +7,7 @@
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPointer>
 #include <QtGui/QCursor>
+#include <QtQuick/QQuickWindow>
 
 #include <utility>
 
@@ -39,6 +40,7 @@ public:
     void endEdit();
     void moveCursorToStart();
     void selectAll();
+    bool handOnFocus(Qt::FocusReason reason);
     void watchEnabled();
 
     LineEditBase *const q;
@@ -157,6 +159,19 @@ void LineEditBasePrivate::selectAll()
 {
     if (QQuickItem *item = editor())
         selectAllMethod.invoke(item);
+}
+
+// Returns whether there is an editing item to have the focus.
+bool LineEditBasePrivate::handOnFocus(Qt::FocusReason reason)
+{
+    QQuickItem *const item = editor();
+    if (!item || isLeaving(item))
+        return false;
+    const QPointer<LineEditBase> guard(q);
+    item->forceActiveFocus(reason);
+    if (guard && reason != Qt::MouseFocusReason)
+        selectAll();
+    return true;
 }
 
 // Disabling ends hover: no leave event need follow. Qt may not be told so from within itemChange(),
@@ -324,15 +339,16 @@ bool LineEditBase::eventFilter(QObject *watched, QEvent *event)
 
 void LineEditBase::focusInEvent(QFocusEvent *event)
 {
-    QQuickItem *const item = d->editor();
-    if (!item || d->isLeaving(item)) {
+    if (!d->handOnFocus(event->reason()))
         QQuickItem::focusInEvent(event);
-        return;
-    }
-    const QPointer<LineEditBase> guard(this);
-    item->forceActiveFocus(event->reason());
-    if (guard && event->reason() != Qt::MouseFocusReason)
-        d->selectAll();
+}
+
+// QML may give the focus to what it is still creating, before there is an editing item.
+void LineEditBase::componentComplete()
+{
+    QQuickItem::componentComplete();
+    if (window() && window()->activeFocusItem() == this)
+        d->handOnFocus(Qt::OtherFocusReason);
 }
 
 void LineEditBase::hoverEnterEvent(QHoverEvent *)

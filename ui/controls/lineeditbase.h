@@ -96,6 +96,7 @@ Q_SIGNALS:
     void acceptableInputChanged();
 
 protected:
+    void componentComplete() override;
     void focusInEvent(QFocusEvent *event) override;
     void hoverEnterEvent(QHoverEvent *event) override;
     void hoverLeaveEvent(QHoverEvent *event) override;
