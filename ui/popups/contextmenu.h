@@ -25,7 +25,7 @@ class ContextMenuPrivate;
     \code
     Rectangle {
         UiContextMenu {
-            UiMenuItem { text: "Rename"; iconName: "pencil"; onTriggered: rename() }
+            UiMenuItem { text: "Rename"; iconName: "rename"; onTriggered: rename() }
             UiMenuSeparator {}
             UiMenuItem { text: "Delete"; rank: [1]; onTriggered: remove() }
         }
