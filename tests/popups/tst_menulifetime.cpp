@@ -5,6 +5,8 @@
 
 #include <TamberUi/MenuItem>
 
+#include <QtCore/QTimer>
+#include <QtGui/QAccessible>
 #include <QtQml/QQmlListReference>
 
 using namespace ta::ui;
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void handlersThatDestroy();
     void handlersThatReopen();
     void handlersThatClose();
+    void handlersWithEventLoops();
     void withoutEngine();
     void ownEntries();
     void twoEngines();
@@ -42,6 +45,17 @@ const QPoint kOutside(700, 500);
 int itemsInWindow(const Scene &scene)
 {
     return scene.window()->contentItem()->childItems().count();
+}
+
+// What a screen reader does to the first entry.
+void pressAccessibly(QQuickItem *frame)
+{
+    const auto items = frame->findChildren<QQuickItem *>();
+    const auto *delegate = *std::find_if(items.begin(), items.end(), [](const QQuickItem *item) {
+        return item->property("menuItem").isValid();
+    });
+    auto *interface = QAccessible::queryAccessibleInterface(const_cast<QQuickItem *>(delegate));
+    interface->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
 }
 
 QStringList objectNames(QObject *menu, const char *list)
@@ -138,6 +152,7 @@ void tst_MenuLifetime::handlersThatDestroy_data()
     rows(names({ "menu", "target", "entry", "item" }),
          names({ "triggered", "contextMenuRequested", "menuVisibleChanged", "closed" }),
          names({ "chosen" }));
+    rows(names({ "menu", "target", "entry" }), names({ "triggered" }), names({ "accessibly" }));
     // Qt itself does not survive a window that goes while it handles an event, but here the event
     // has not come to it yet.
     rows(names({ "menu", "target", "window" }), names({ "closed" }),
@@ -170,6 +185,8 @@ void tst_MenuLifetime::handlersThatDestroy()
         scene.waitForFrame();
     if (way == QLatin1String("chosen"))
         click(scene.window(), kEntry);
+    else if (way == QLatin1String("accessibly"))
+        pressAccessibly(scene.frame());
     else if (way == QLatin1String("press outside"))
         press(scene.window(), kOutside);
     else if (way == QLatin1String("escape"))
@@ -232,6 +249,34 @@ void tst_MenuLifetime::handlersThatClose()
     QCOMPARE(log.take(), names({ "menuVisibleChanged", "menuVisibleChanged", "closed" }));
 }
 
+// What the click came through is there until it has been handled, whatever happens meanwhile.
+void tst_MenuLifetime::handlersWithEventLoops()
+{
+    for (const char *event : { "escape", "end of the menu", "modal window" }) {
+        MenuScene scene(kScene);
+        scene.open(kPlace);
+        const QPointer<QQuickItem> item = scene.menu->rootItem();
+        on(scene.find<MenuItem>("entry"), QStringLiteral("triggered"), [&] {
+            QWindow modal;
+            modal.setModality(Qt::ApplicationModal);
+            if (qstrcmp(event, "escape") == 0)
+                QTest::keyClick(scene.window(), Qt::Key_Escape);
+            else if (qstrcmp(event, "modal window") == 0)
+                modal.show();
+            else
+                delete scene.menu;
+            QVERIFY(!PopupStack::top()); // which would keep the keys from others
+            QEventLoop loop;
+            QTimer::singleShot(200, &loop, &QEventLoop::quit);
+            loop.exec();
+            QVERIFY2(item && (item->clip() || item->opacity() == 0), event); // nothing is seen
+        });
+        click(scene.window(), kEntry);
+        QTRY_COMPARE(itemsInWindow(scene), 1);
+        QVERIFY(!item);
+    }
+}
+
 void tst_MenuLifetime::withoutEngine()
 {
     Scene scene(QString {});
@@ -263,8 +308,10 @@ private:
 void tst_MenuLifetime::ownEntries()
 {
     MenuScene scene(kScene);
-    OwnEntry bare(&scene.engine(), "implicitHeight: 10; implicitWidth: 77.9");
+    OwnEntry bare(&scene.engine(), "implicitHeight: 10; implicitWidth: 77.9\n"
+                                   "Component.onCompleted: menu.addItem(null)");
     OwnEntry full(&scene.engine(), "implicitHeight: 20; property bool hovered; signal clicked\n"
+                                   "readonly property bool pressed: false\n"
                                    "onClicked: menu.close()\n"
                                    "Rectangle { anchors.fill: parent }");
     OwnEntry broken(&scene.engine(), "nonsense");
@@ -280,6 +327,15 @@ void tst_MenuLifetime::ownEntries()
     QVERIFY(scene.menu->rootItem());
     click(scene.window(), kPlace + QPoint(20, 20));
     QVERIFY(!scene.menu->rootItem());
+    QTRY_COMPARE(itemsInWindow(scene), 1);
+
+    // One that destroys the menu while that opens.
+    on(&bare, QStringLiteral("visibleChanged"), [&scene] { delete scene.menu; });
+    OwnEntry fatal(&scene.engine(), "Component.onCompleted: menu.items[1].visible = false");
+    scene.menu->removeItem(&broken);
+    scene.menu->addItem(&fatal);
+    scene.open(kPlace);
+    QVERIFY(!scene.menu && !PopupStack::top());
     QTRY_COMPARE(itemsInWindow(scene), 1);
 }
 

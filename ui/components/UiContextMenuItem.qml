@@ -4,6 +4,8 @@
 // contextMenu: the menu; it sets it.
 // popup: the frame, which is what one sees.
 // discard(): fades out and destroys the item.
+// clicks: how many clicks on entries are being handled. What they came through stays until they are:
+//     a handler may run an event loop of its own, and the menu close in it.
 import QtQuick 2.5
 import QtQuick.Window 2.2
 import tamber.Ui 1.0
@@ -12,10 +14,19 @@ Item {
     id: menu
 
     property UiContextMenu contextMenu
+    property int clicks: 0
 
     readonly property Item popup: popup
 
     signal discard()
+
+    function end() {
+        // The delegates first: as parts of a parent that is being destroyed they would still follow
+        // its end with their bindings.
+        for (let i = 0; i < content.children.length; ++i)
+            content.children[i].destroy()
+        destroy()
+    }
 
     opacity: 0
 
@@ -71,13 +82,7 @@ Item {
                 }
 
                 ScriptAction {
-                    script: {
-                        // The delegates first: as parts of a parent that is being destroyed they
-                        // would still follow its end with their bindings.
-                        for (let i = 0; i < content.children.length; ++i)
-                            content.children[i].destroy()
-                        menu.destroy()
-                    }
+                    script: if (menu && menu.clicks === 0) menu.end()
                 }
             }
         }
@@ -136,7 +141,7 @@ Item {
                 const item = itemUnderMouse
                 // A separator is enabled, too, and has nothing to click.
                 if (item && item.enabled && item.clicked)
-                    item.clicked()
+                    content.click(item)
                 else if (!item || !item.enabled)
                     menu.contextMenu.close()
             }
@@ -147,30 +152,50 @@ Item {
 
             property int requiredWidth: 0
 
+            function click(item) {
+                ++menu.clicks
+                item.clicked()
+                // A handler may destroy the context menu; names mean nothing any more then.
+                if (menu && --menu.clicks === 0 && menu.state === "discarded" && menu.opacity === 0)
+                    menu.end()
+            }
+
+            // A delegate that is a control knows by itself, and its properties cannot be written.
+            function follow(item, property, value) {
+                try {
+                    if (item[property] !== undefined)
+                        item[property] = Qt.binding(value)
+                } catch (error) {
+                }
+            }
+
             x: 3
             y: 3
             width: popup.width
 
             Component.onCompleted: {
-                const entries = menu.contextMenu.rankedItems
+                // The list begins anew when a delegate changes it.
+                const ranked = menu.contextMenu.rankedItems
+                const entries = []
+                for (let i = 0; i < ranked.length; ++i)
+                    entries.push(ranked[i])
                 let widest = 0
-                for (let i = 0; i < entries.length; ++i) {
-                    const entry = entries[i]
+                for (const entry of entries) {
                     if (!entry || !entry.delegate)
                         continue
                     const item = entry.delegate.createObject(content, {
                         menuItem: entry,
                         menu: menu.contextMenu
                     })
+                    if (!menu) // as above
+                        return
                     if (!item)
                         continue
                     widest = Math.max(widest, item.implicitWidth)
                     item.width = Qt.binding(() => content.requiredWidth)
-                    if (item.hovered !== undefined)
-                        item.hovered = Qt.binding(() => item.enabled && mouseArea.itemUnderMouse === item)
-                    if (item.pressed !== undefined)
-                        item.pressed = Qt.binding(() => item.enabled && mouseArea.itemUnderMouse === item
-                                                        && mouseArea.containsPress)
+                    follow(item, "hovered", () => item.enabled && mouseArea.itemUnderMouse === item)
+                    follow(item, "pressed", () => item.enabled && mouseArea.itemUnderMouse === item
+                                                  && mouseArea.containsPress)
                 }
                 requiredWidth = widest
             }

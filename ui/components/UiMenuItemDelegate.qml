@@ -28,7 +28,7 @@ Item {
 
     Accessible.role: Accessible.MenuItem
     Accessible.name: label.text
-    Accessible.onPressAction: if (root.enabled) root.clicked()
+    Accessible.onPressAction: if (root.enabled) root.parent.click(root) // as the pointer does
 
     onClicked: {
         // A handler may destroy the menu, which then has no properties any more, and this item with

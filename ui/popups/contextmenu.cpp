@@ -7,6 +7,7 @@
 #include "foundation/logging.h"
 #include "foundation/positions.h"
 
+#include <QtCore/QTimer>
 #include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
@@ -76,6 +77,18 @@ bool holdsMouse(const QQuickItem *item)
 {
     const QQuickItem *grabber = item->window() ? item->window()->mouseGrabberItem() : nullptr;
     return grabber && (grabber == item || item->isAncestorOf(grabber));
+}
+
+// Destroys an item of a menu that is no more once its code does not run any more. While a handler
+// of a click runs an event loop of its own, the item still holds the mouse.
+void destroyLater(QQuickItem *item, int delay = 0)
+{
+    QTimer::singleShot(delay, item, [item] {
+        if (holdsMouse(item))
+            destroyLater(item, 100);
+        else
+            item->deleteLater();
+    });
 }
 
 } // namespace
@@ -187,6 +200,8 @@ QPointer<QQuickItem> ContextMenuPrivate::createMenuItem(const QPoint &position)
     if (component->isError())
         return nullptr;
 
+    const QPointer<ContextMenu> guard(q);
+    const ComponentReference reference = itemComponent; // also where a delegate destroys the menu
     const auto prepare = [&](QObject *created) {
         auto *item = qobject_cast<QQuickItem *>(created);
         if (!item)
@@ -198,7 +213,11 @@ QPointer<QQuickItem> ContextMenuPrivate::createMenuItem(const QPoint &position)
         item->setProperty("contextMenu", QVariant::fromValue(q));
         item->setProperty("_ta_isPopup", true);
     };
-    return qobject_cast<QQuickItem *>(createObject(component, prepare, qmlContext(q)));
+    ++creations;
+    const QPointer<QObject> created = createObject(component, prepare, qmlContext(q));
+    if (guard)
+        --creations;
+    return qobject_cast<QQuickItem *>(created);
 }
 
 void ContextMenu::close()
@@ -244,16 +263,17 @@ ContextMenu::~ContextMenu()
 {
     if (d->onStack)
         PopupStack::pop(this);
-    // A handler of triggered() may destroy the menu. The item that is taking the click cannot go
-    // at once then, as the others do.
+    // A handler of triggered() may destroy the menu, and so may a delegate. The item that is taking
+    // the click, or is being made, cannot go at once then, as the others do.
     const QObjectList owned = children();
     for (QObject *child : owned) {
         auto *item = qobject_cast<QQuickItem *>(child);
-        if (item && holdsMouse(item)) {
-            item->setParent(nullptr);
-            item->setOpacity(0);
-            item->deleteLater();
-        }
+        if (!item || (!d->creations && !holdsMouse(item) && item->property("clicks").toInt() == 0))
+            continue;
+        // An application that quits before the event loop runs again has the engine destroy it.
+        item->setParent(qmlEngine(item));
+        item->setClip(true); // it has no size
+        destroyLater(item);
     }
 }
 

@@ -34,8 +34,9 @@ class ContextMenuPrivate;
 
     While it is open the menu is the top of the PopupStack. It then keeps all keys to itself and
     closes on Escape; a press outside closes it and still reaches its receiver; the wheel does
-    nothing outside. It also closes when its window is hidden. A closed menu has no items: they are
-    made when it opens, in 80 ms of fading in, and destroyed after 80 ms of fading out.
+    nothing outside. It also closes when its window is hidden, or blocked by a modal one. A closed
+    menu has no items: they are made when it opens, in 80 ms of fading in, and destroyed after 80 ms
+    of fading out.
 
     The engine's module "tamber.Ui" has to have the types that the menu is drawn with: the kit, or
     a host's own.

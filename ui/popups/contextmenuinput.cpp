@@ -91,6 +91,13 @@ bool ContextMenu::eventFilter(QObject *watched, QEvent *event)
         return !d->menuItem
                || !d->containsScreenPosition(static_cast<QWheelEvent *>(event)->globalPosition());
 
+    case QEvent::WindowBlocked:
+        // The host shows a modal window, which needs the keys: from triggered(), perhaps, and in an
+        // event loop of its own.
+        if (d->menuItem && watched == d->menuItem->window())
+            close();
+        return !receiver;
+
     default:
         return false;
     }
