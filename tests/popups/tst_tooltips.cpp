@@ -9,6 +9,7 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QLoggingCategory>
+#include <QtCore/QTimer>
 
 #include <ctime>
 
@@ -90,8 +91,14 @@ void tst_Tooltips::rest()
     QVERIFY(!agent->tooltipVisible());
     QCOMPARE(scene.find("area")->property("presses").toInt(), 1);
     release(scene.window(), QPoint(225, 25));
-    QTest::qWait(600); // a pointer that has not moved since shows nothing again
-    QVERIFY(!agent->tooltipVisible());
+    // A pointer that has not moved since shows nothing again, and one that left rests elsewhere.
+    const auto *wait = agent->findChild<QTimer *>();
+    QVERIFY(!wait->isActive());
+    move(scene.window(), kOverItem);
+    QVERIFY(wait->isActive());
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(scene.window(), &leave);
+    QVERIFY(!wait->isActive());
 
     delete scene.agent.data();
     QTRY_VERIFY(!tip);
@@ -134,6 +141,8 @@ void tst_Tooltips::whatIsShown_data()
     row("clipped away", clip(40, tip("", "no")), "");
     row("clipped elsewhere", clip(60, tip("", "yes")), "yes");
     row("below a popup", tip("", "no") + popup(60, {}), "");
+    row("below the lower of two popups",
+        tip("", "no") + popup(60, {}) + in("x: 300", popup(60, {})), "");
     row("beside a popup", tip("", "yes") + popup(40, {}), "yes");
     row("below a menu",
         in("",

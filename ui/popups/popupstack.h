@@ -33,6 +33,8 @@ public:
     static QObject *top();
 
 private:
+    friend class TooltipAgentPrivate; // asks all of them for what they cover
+
     // Written on the GUI thread only. A destroyed popup leaves an entry that reads as null, which
     // goes when a pop brings it to the top.
     static QStack<QPointer<QObject>> m_popups;

@@ -254,18 +254,23 @@ bool TooltipAgentPrivate::isTarget(const QQuickItem *item, const QQuickItem *cov
     return !cover || cover == item || cover->isAncestorOf(item);
 }
 
-// The item of the open popup that the pointer is over; null where there is none. That of a menu has
-// no size: what one sees of it lies inside.
+// The item of the highest open popup that the pointer is over; null where there is none. That of a
+// menu has no size: what one sees of it lies inside.
 QQuickItem *TooltipAgentPrivate::popupUnderPointer() const
 {
-    const auto *popup = qobject_cast<IPopup *>(PopupStack::top());
-    const QPointer<QQuickItem> item = popup ? popup->rootItem() : nullptr;
-    if (!item || item->window() != q->window())
-        return nullptr;
-    const QPointF position = item->mapFromScene(lastMousePos);
-    const bool covers = item->contains(position)
-                        || (item && item->childAt(position.x(), position.y()));
-    return covers ? item.data() : nullptr;
+    const QQuickWindow *window = q->window();
+    const QPointF scenePosition = lastMousePos;
+    const auto popups = PopupStack::m_popups; // an item of a host may change them, see below
+    for (auto object = popups.crbegin(); object != popups.crend(); ++object) {
+        const auto *popup = qobject_cast<IPopup *>(object->data());
+        const QPointer<QQuickItem> item = popup ? popup->rootItem() : nullptr;
+        if (!item || item->window() != window)
+            continue;
+        const QPointF position = item->mapFromScene(scenePosition);
+        if (item->contains(position) || (item && item->childAt(position.x(), position.y())))
+            return item;
+    }
+    return nullptr;
 }
 
 // Goes through all tooltips and so has to be quick with those that lie elsewhere: the order of what
@@ -327,6 +332,10 @@ bool TooltipAgent::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::MouseButtonPress:
         break;
+    case QEvent::Leave: // what rests elsewhere does not rest here
+        if (watched == window())
+            d->showTimer->stop();
+        return false;
     default:
         return false;
     }
@@ -346,7 +355,7 @@ void TooltipAgent::showTooltip()
     const Tooltip *tooltip = window() ? d->tooltipUnderPointer() : nullptr;
     if (!guard)
         return;
-    if (tooltip) {
+    if (tooltip && window()) { // a host's item may have taken the agent out of it just now
         d->show(tooltip->text());
         if (!guard)
             return;
