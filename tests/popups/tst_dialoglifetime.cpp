@@ -37,6 +37,14 @@ const QString kDialog = QStringLiteral(
     "contentDelegate: Component { FocusScope { property var dialog; focus: true\n"
     "Item { objectName: 'inside'; focus: true } } } }\n");
 
+// In the middle of something that its items take part in: they have to live on for a while.
+void destroyInUse(const QPointer<Dialog> &dialog)
+{
+    const QPointer<QQuickItem> host = dialog->rootItem();
+    delete dialog.data();
+    QVERIFY(host);
+}
+
 // All the ways that a dialog closes in.
 void close(const DialogScene &scene, const QString &way)
 {
@@ -70,6 +78,8 @@ void tst_DialogLifetime::handlersThatDestroy_data()
         for (const char *signal : { "contentChanged", "opened", "accepted", "rejected" })
             row(signal, 1);
         row("contentChanged", 2); // when it closes
+        if (QLatin1String(victim) == QLatin1String("dialog"))
+            row("activeFocusItemChanged", 1); // as the focus comes to it
     }
 }
 
@@ -89,10 +99,15 @@ void tst_DialogLifetime::handlersThatDestroy()
         DialogScene scene(kDialog);
         scene.dialog->setFlags(Dialog::Flags(7));
         QPointer<QQuickItem> host;
+        QObject *sender = scene.dialog;
+        if (signal == QLatin1String("activeFocusItemChanged"))
+            sender = scene.window();
         on(
-            scene.dialog, signal,
+            sender, signal,
             [&] {
-                if (victim == QLatin1String("dialog"))
+                if (sender == scene.window())
+                    destroyInUse(scene.dialog);
+                else if (victim == QLatin1String("dialog"))
                     delete scene.dialog.data();
                 else if (victim == QLatin1String("window"))
                     scene.destroyWindow();
@@ -219,6 +234,16 @@ void tst_DialogLifetime::shownBeforeWindow()
     QTRY_COMPARE(dialog->content()->width(), 640.0);
     QTest::keyClick(scene.window(), Qt::Key_Return);
     QVERIFY(!dialog->rootItem() && scene.find("before")->hasActiveFocus());
+
+    // Destroyed as the focus comes to it.
+    const auto again = scene.create(QStringLiteral("Item {\n") + kDialog
+                                    + QStringLiteral("Component.onCompleted: theDialog.show() }"));
+    const QPointer<Dialog> doomed = again->findChild<Dialog *>(QStringLiteral("dialog"));
+    qobject_cast<QQuickItem *>(again.get())->setParentItem(scene.window()->contentItem());
+    on(
+        scene.window(), QStringLiteral("activeFocusItemChanged"), [&] { destroyInUse(doomed); }, 1);
+    QTRY_VERIFY(!doomed);
+    QVERIFY(!PopupStack::top() && scene.find("before")->hasActiveFocus());
 }
 
 void tst_DialogLifetime::answersThatOpenAnother()

@@ -320,8 +320,7 @@ void Dialog::trigger(DialogButton *button)
     int action = button->action();
     if (action == DialogButton::AutomaticAction)
         action = button->actionForRole(button->role());
-    const QPointer<Dialog> guard(this);
-    ++d->answers;
+    const DialogPrivate::HostUse use(d.get());
     switch (action) {
     case DialogButton::AcceptAction:
         accept(d->result);
@@ -338,8 +337,6 @@ void Dialog::trigger(DialogButton *button)
     default:
         Q_EMIT button->clicked();
     }
-    if (guard)
-        --d->answers;
 }
 
 } // namespace ta::ui

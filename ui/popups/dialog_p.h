@@ -17,6 +17,24 @@ namespace ta::ui {
 class DialogPrivate
 {
 public:
+    /// Something that the items of the host may be in the middle of, such as a click or a change of
+    /// the focus. A handler that destroys the dialog then leaves them to the event loop.
+    class HostUse
+    {
+    public:
+        explicit HostUse(DialogPrivate *d) : m_d(d), m_guard(d->q) { ++d->uses; }
+        ~HostUse()
+        {
+            if (m_guard)
+                --m_d->uses;
+        }
+        Q_DISABLE_COPY(HostUse)
+
+    private:
+        DialogPrivate *const m_d;
+        const QPointer<Dialog> m_guard;
+    };
+
     explicit DialogPrivate(Dialog *q) : q(q) {}
 
     QQuickWindow *window() const { return hostParent ? hostParent->window() : nullptr; }
@@ -24,6 +42,7 @@ public:
     void open();
     QQuickItem *createHost();
     void watch();
+    bool takeFocus();
     void watchWindow();
     void enterWindow();
     void watchButton(const DialogButton *button);
@@ -85,7 +104,7 @@ public:
 
     int locks = 0; // while there are any show() does nothing
     bool onStack = false;
-    int answers = 0; // that are being given, from clicks and keys of the host's items maybe
+    int uses = 0; // see HostUse
     bool wasPressed = false; // when it closed: an item of the host may be in the middle of an event
     QVector<QMetaObject::Connection> connections; // while shown
 

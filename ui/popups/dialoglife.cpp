@@ -75,15 +75,8 @@ void DialogPrivate::open()
     host = created;
     contentScope = host->findChild<QQuickItem *>(QStringLiteral("_ta_dialogContent"));
     watch();
-    const QPointer<QQuickItem> previous = previousFocusItem;
-    if (contentScope)
-        contentScope->forceActiveFocus();
-    if (isOver()) {
-        // A handler closed it and so gave the focus back, in the middle of moving it here.
-        if (previous && !(guard && host))
-            previous->forceActiveFocus();
+    if (!takeFocus())
         return;
-    }
     content = host->findChild<QQuickItem *>(QStringLiteral("_ta_dialogItem"));
     if (content)
         Q_EMIT q->contentChanged();
@@ -96,6 +89,23 @@ void DialogPrivate::open()
     updateDialogSize();
     if (!isOver())
         Q_EMIT q->opened();
+}
+
+// Returns whether the dialog is as it was after that.
+bool DialogPrivate::takeFocus()
+{
+    const QPointer<Dialog> guard(q);
+    const QPointer<QQuickItem> shown = host;
+    const QPointer<QQuickItem> previous = previousFocusItem;
+    const HostUse use(this);
+    if (contentScope)
+        contentScope->forceActiveFocus();
+    if (guard && shown && host == shown)
+        return true;
+    // A handler closed it and so gave the focus back, in the middle of moving it here.
+    if (previous && !(guard && host))
+        previous->forceActiveFocus();
+    return false;
 }
 
 // Returns null where there is no host in the end, and says why.
@@ -187,10 +197,9 @@ void DialogPrivate::enterWindow()
     watchWindow();
     const QPointer<Dialog> guard(q);
     const QPointer<QQuickItem> entering = host;
+    const HostUse use(this);
     host->setParentItem(hostParent);
-    if (guard && host && host == entering && contentScope)
-        contentScope->forceActiveFocus();
-    if (guard && host && host == entering)
+    if (guard && entering && host == entering && takeFocus())
         updateDialogSize();
 }
 
@@ -218,6 +227,7 @@ void DialogPrivate::updateDialogSize()
     }
     const QPointer<Dialog> guard(q);
     const QPointer<QQuickItem> scope = contentScope;
+    const HostUse use(this);
     const auto applies = [&](qreal size) { return guard && scope && (autoSize || size > 0); };
     if (applies(newWidth))
         scope->setWidth(newWidth);
@@ -317,12 +327,10 @@ void DialogPrivate::close(const QQuickItem *closing)
 void DialogPrivate::end(void (DialogPrivate::*leave)(), const std::function<void()> &answer)
 {
     const QPointer<Dialog> guard(q);
-    ++answers;
+    const HostUse use(this);
     (this->*leave)();
     if (guard)
         answer();
-    if (guard)
-        --answers;
 }
 
 // What is left of the dialog's items dies with the dialog, unless one of them is in the middle of
@@ -332,7 +340,7 @@ void DialogPrivate::releaseHosts()
     const auto hosts = q->findChildren<QQuickItem *>(QString(), Qt::FindDirectChildrenOnly);
     for (QQuickItem *item : hosts) {
         const QQuickItem *grabber = item->window() ? item->window()->mouseGrabberItem() : nullptr;
-        if (answers > 0 || locks > 1 || wasPressed || (grabber && item->isAncestorOf(grabber))) {
+        if (uses > 0 || locks > 1 || wasPressed || (grabber && item->isAncestorOf(grabber))) {
             item->setParent(qmlEngine(item)); // for the case that the application ends before
             item->deleteLater();
         }
