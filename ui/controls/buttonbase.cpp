@@ -2,7 +2,7 @@
 
 #include "pointerstate_p.h"
 
-#include <QtQuick/QQuickWindow>
+#include "foundation/mousegrab.h"
 
 namespace ta::ui {
 
@@ -185,6 +185,11 @@ void ButtonBase::hoverLeaveEvent(QHoverEvent *event)
         return;
     d->setHovered(false);
     event->accept();
+}
+
+void ButtonBase::releaseResources()
+{
+    endMouseGrab(this);
 }
 
 } // namespace ta::ui

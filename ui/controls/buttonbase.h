@@ -75,6 +75,7 @@ protected:
     void mouseUngrabEvent() override;
     void hoverEnterEvent(QHoverEvent *event) override;
     void hoverLeaveEvent(QHoverEvent *event) override;
+    void releaseResources() override;
 
 private:
     friend class ButtonBasePrivate;

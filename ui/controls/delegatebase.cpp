@@ -2,6 +2,8 @@
 
 #include "pointerstate_p.h"
 
+#include "foundation/mousegrab.h"
+
 #include <QtQuick/QSGFlatColorMaterial>
 #include <QtQuick/QSGGeometryNode>
 
@@ -168,6 +170,11 @@ void DelegateBase::hoverLeaveEvent(QHoverEvent *event)
 {
     d->setHovered(false);
     event->accept();
+}
+
+void DelegateBase::releaseResources()
+{
+    endMouseGrab(this);
 }
 
 // An item that merely moves looks as before.

@@ -1,6 +1,7 @@
 #include "draghandle.h"
 
 #include "foundation/assign.h"
+#include "foundation/mousegrab.h"
 #include "foundation/rounding.h"
 
 #include <QtCore/QPointer>
@@ -98,6 +99,11 @@ void DragHandle::mouseReleaseEvent(QMouseEvent *)
 void DragHandle::mouseUngrabEvent()
 {
     d->endDrag();
+}
+
+void DragHandle::releaseResources()
+{
+    endMouseGrab(this);
 }
 
 } // namespace ta::ui

@@ -55,6 +55,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseUngrabEvent() override;
+    void releaseResources() override;
 
 private:
     friend class DragHandlePrivate;
