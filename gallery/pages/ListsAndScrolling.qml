@@ -79,6 +79,9 @@ Page {
                         "Vale", "Weir", "Yard", "Zenith"]
 
                     cacheBuffer: 0
+                    // No row is the current one: its highlight, which nobody sees, would follow at 400
+                    // pixels a second wherever a jump puts the first row, for minutes.
+                    currentIndex: -1
                     model: [].concat(...names.map(name => Array.from({ length: 4000 },
                         (_, number) => name + " " + String(number + 1).padStart(4, "0"))))
                     section.criteria: ViewSection.FirstCharacter
