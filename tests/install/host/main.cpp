@@ -1,4 +1,4 @@
-// A host that writes C++: the installed headers, library and private module are all it has.
+// A host that writes C++: the installed headers, library and modules are all it has.
 #include <TamberUi/CheckButtonBase>
 #include <TamberUi/Colors>
 #include <TamberUi/Fonts>
@@ -31,8 +31,13 @@ int main(int argc, char *argv[])
     const std::unique_ptr<QObject> object(component.create());
     const auto *button = qobject_cast<ta::ui::PushButtonBase *>(object.get());
     const QColor color = ta::ui::Colors().getColor(ta::ui::Colors::FocusColor);
-    const bool works = button && button->text() == QLatin1String("OK")
-                       && color == QColor(0x8B, 0xC7, 0xD8) && !ta::ui::PopupStack::top()
+    engine.addImportPath(QStringLiteral(QML_DIR));
+    QQmlComponent withKit(&engine);
+    withKit.setData("import tamber.Ui 1.0; UiCheckBox {}", QUrl());
+    const std::unique_ptr<QObject> box(withKit.create());
+    const bool works = qobject_cast<ta::ui::CheckButtonBase *>(box.get()) && button
+                       && button->text() == QLatin1String("OK") && color == QColor(0x8B, 0xC7, 0xD8)
+                       && !ta::ui::PopupStack::top()
                        && !QImage(QStringLiteral(":/ui/images/checkmark.png")).isNull();
     qInfo("%s", works ? "works" : "fails");
     return works ? 0 : 1;
