@@ -1,6 +1,5 @@
-// Frames its parent while that has the active focus, unless a press of the pointer brought it there;
-// what has no "pressed", as it is typed in, is always framed.
-// Part of the kit's own controls.
+// Frames its parent while that has the active focus, unless a press of the pointer brought it there.
+// A parent without "pressed" is one that is typed in, and always framed. Part of the kit's own controls.
 import QtQuick 2.15
 import QtQuick.Window 2.15
 import tamber.Ui 1.0

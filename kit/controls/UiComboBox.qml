@@ -5,6 +5,7 @@
 // currentIndex: the row of the value, -1 for none. A choice writes it.
 // currentText, count: the text of that row; the number of rows.
 // placeholder: what the field says while there is no value.
+// popupVisible: whether the list is open. show(), hide(): open and close it.
 // activated(index): the user chose a row, be it the one that was chosen before.
 // Keys: Space, Return, Enter, F4 and Alt+Down open the list; Up, Down, Home, End, Page Up, Page Down
 //     and letters move in it; Return, Enter and Space choose; Escape closes. While the list is

@@ -2,7 +2,9 @@
 //
 // date: the day; an invalid date (the default) for none. A choice writes it.
 // placeholder: what the field says while there is no day.
+// empty: whether there is none. text: the day as it is written.
 // format: how the day is written, see Date.toLocaleDateString(). Locale.ShortFormat by default.
+// popupVisible: whether the calendar is open. show(), hide(): open and close it.
 // activated(day): the user chose a day, be it the one that was chosen before.
 // Keys: Space, Return, Enter, F4, Down and Alt+Down open the calendar, whose keys are those of
 //     UiCalendar; Escape, F4 and Alt+Up close it.

@@ -8,6 +8,8 @@
 // bindable: what the user picks is only reported, by updateRequested(newValue), and left to the host
 //     to write. False by default.
 // error: marks the field as wrong. It marks itself while what is typed is no number.
+// invalid: whether it is marked. hovered: whether the pointer is over it.
+// displayString: the value as it is written, without the unit. stepSize: what a step changes it by.
 // Numbers are typed in the user's locale, or as in C. What is no number is dropped.
 // Keys: Up and Down step, Page Up and Page Down by ten; Return and Enter end the edit, Escape goes back.
 //     The wheel steps while the field has the focus.

@@ -10,6 +10,7 @@
 //     there is no room for both, the rest gives way.
 // defaultSize: what a double click on the bar and Delete go back to. As size is at first.
 // paneSize: what size comes to, as things are.
+// text: what the bar is called by assistive tools. Empty by default.
 // moved(): the user has moved the border.
 // Keys, on the bar: the arrows along it move it by 16 pixels, Home and End to its ends, Delete back.
 import QtQuick 2.15

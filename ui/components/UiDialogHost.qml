@@ -12,11 +12,11 @@ Rectangle {
 
     readonly property bool discarded: state === "discarded"
 
-    // Fades out and destroys itself. All that while it looks as it did, but pointer and keys do not
-    // get at it.
+    // Fades out and destroys itself. Meanwhile it looks as it did, but neither pointer nor keys reach
+    // it.
     signal discard()
 
-    // Of the window.
+    // Gives the focus to the window's first tab stop.
     function focusFirstStop() {
         const first = parent ? parent.nextItemInFocusChain(true) : null
         if (first)

@@ -273,7 +273,7 @@ void DefaultSlider::updateHandle()
     d->markDirty(DefaultSliderPrivate::DirtyHandle | DefaultSliderPrivate::DirtyValueBar);
 }
 
-// The other material, and other edges.
+// Anti-aliasing takes another material, and other edges.
 void DefaultSlider::updateMaterial()
 {
     d->markDirty(DefaultSliderPrivate::DirtyAll);

@@ -346,8 +346,9 @@ void LineEditBase::focusInEvent(QFocusEvent *event)
 // QML may give the focus to what it is still creating, before there is an editing item.
 void LineEditBase::componentComplete()
 {
+    const QPointer<LineEditBase> guard(this);
     QQuickItem::componentComplete();
-    if (window() && window()->activeFocusItem() == this)
+    if (guard && window() && window()->activeFocusItem() == this)
         d->handOnFocus(Qt::OtherFocusReason);
 }
 

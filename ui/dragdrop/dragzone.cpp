@@ -80,7 +80,7 @@ public:
 
     bool released = false; // the left button, since its press
     DragLoop *loop = nullptr; // on the stack of doDrag()
-    QPointer<QObject> filteredWindow; // which hides when it is not a QQuickWindow any more
+    QPointer<QObject> filteredWindow; // no QQuickWindow any more when it hides at its end
 };
 
 // --- The gesture --------------------------------------------------------------------------------

@@ -68,13 +68,13 @@ void ColorPickerBasePrivate::shareGlobalProvider()
 
 // --- Palettes -----------------------------------------------------------------------------------
 
-// The two steps of the completion tell whether the picker has survived them.
+// The two steps of the completion return whether the picker has survived them.
 bool ColorPickerBasePrivate::createPalettes()
 {
     const QPointer<ColorPickerBase> guard(q);
     const QList<const PaletteProvider *> providers = Palette::providers();
     for (const PaletteProvider *provider : providers) {
-        // One provider may be the end of another.
+        // Asking one provider may destroy another one.
         if (!provider || !Palette::providers().contains(provider))
             continue;
         Palette *palette = provider->createPalette();

@@ -100,7 +100,7 @@ void PaletteItemPrivate::follow(const QList<ColorSwatch *> &swatches)
         QObject::connect(swatch, &ColorSwatch::colorsChanged, q, &PaletteItem::updatePatches);
 }
 
-// Without the items.
+// What the patches are to show; the items that show it are found later.
 QVector<PatchInfo> PaletteItemPrivate::wantedPatches(const QList<ColorSwatch *> &swatches) const
 {
     QVector<PatchInfo> wanted;

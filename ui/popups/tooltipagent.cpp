@@ -100,7 +100,7 @@ bool TooltipAgent::tooltipVisible() const
     return d->tooltipVisible;
 }
 
-// The last word of its caller: a handler may destroy the agent.
+// Always the last step of its caller: a handler may destroy the agent.
 void TooltipAgentPrivate::setVisible(bool visible)
 {
     if (assign(tooltipVisible, visible))

@@ -22,7 +22,7 @@ public:
     SolidBorderNode();
 
     void updateGeometry(const QSizeF &size, float borderWidth) override;
-    /// There is nothing to do with the widths here.
+    /// The widths are those of dashes; a solid border has none.
     void updateMaterial(const QColor &color, float dashWidth, float gapWidth) override;
 };
 

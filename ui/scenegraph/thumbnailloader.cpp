@@ -29,7 +29,7 @@ constexpr qint64 kMostPixels = qint64(1) << 28;
 // Files up to this size are read as a whole where that helps.
 constexpr qint64 kMostBytesAtOnce = 1 << 26;
 
-// The three below are used by the thread of the GUI and by all threads of the pool, under the lock.
+// The three below are used by the GUI thread and by all threads of the pool, under the lock.
 // It is not held while a file is read.
 
 QMutex &cacheLock()
