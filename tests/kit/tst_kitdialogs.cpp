@@ -30,6 +30,7 @@ private Q_SLOTS:
     void messageBox_data();
     void messageBox();
     void messageBoxAnswers();
+    void goesWithWindow();
 };
 
 namespace {
@@ -207,6 +208,22 @@ void tst_KitDialogs::messageBoxAnswers()
         QVERIFY(!box->rootItem());
     }
     QCOMPARE(log.take(), ta::test::names({ "accepted", "rejected" }));
+}
+
+// What is in a dialog is taken away without a word when the window is closed.
+void tst_KitDialogs::goesWithWindow()
+{
+    Scene scene(QStringLiteral("UiDialog { objectName: 'dialog'\n"
+                               "contentDelegate: Component { Item { property var dialog\n"
+                               "UiComboBox { model: ['a', 'b'] }\n"
+                               "UiLineEdit {}\nUiDateField {}\nUiColorButton {} } } }"));
+    auto *dialog = scene.find<Dialog>("dialog");
+    dialog->show();
+    const QPointer<QQuickItem> content = dialog->content();
+    QVERIFY(scene.waitForFrame());
+    scene.window()->close();
+    QVERIFY(!dialog->rootItem());
+    QTRY_VERIFY(!content);
 }
 
 // With --captions LOCALE the program prints the captions instead, one a line.

@@ -16,6 +16,12 @@ Rectangle {
     // it.
     signal discard()
 
+    // Takes the parts out of a host that goes at once: they have to go by themselves. As parts of
+    // something else they would look for the parents that they miss, and complain.
+    function clear() {
+        dialogContent.discard()
+    }
+
     // Gives the focus to the window's first tab stop.
     function focusFirstStop() {
         const first = parent ? parent.nextItemInFocusChain(true) : null

@@ -285,6 +285,8 @@ void DialogPrivate::discardImmediate()
     endPress(closing);
     if (closing)
         closing->setParentItem(nullptr);
+    if (closing && qmlEngine(closing))
+        QMetaObject::invokeMethod(closing, "clear");
     if (closing)
         closing->deleteLater();
     if (!guard)
