@@ -35,8 +35,12 @@ Rectangle {
 
     Keys.forwardTo: [comboBox]
 
-    // The anchor has placed the list by now.
-    onEnabledChanged: if (enabled) reveal(Math.max(0, comboBox.highlightedIndex))
+    onEnabledChanged: {
+        if (enabled)
+            reveal(Math.max(0, comboBox.highlightedIndex)) // the anchor has placed the list by now
+        else
+            view.cancelFlick() // the combo box may go while it fades: no more rows then
+    }
 
     Behavior on opacity {
         NumberAnimation {
@@ -55,6 +59,8 @@ Rectangle {
         anchors.leftMargin: 1
         anchors.rightMargin: 1
         boundsBehavior: Flickable.StopAtBounds
+        // Rows out of sight would be made between frames, and may be in the making when it closes.
+        cacheBuffer: 0
         clip: true
         model: root.comboBox.model
 
