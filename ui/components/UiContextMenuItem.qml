@@ -181,16 +181,19 @@ Item {
                     entries.push(ranked[i])
                 let widest = 0
                 for (const entry of entries) {
-                    if (!entry || !entry.delegate)
+                    const delegate = entry ? entry.delegate : null
+                    if (!delegate)
                         continue
-                    const item = entry.delegate.createObject(content, {
+                    const item = delegate.createObject(content, {
                         menuItem: entry,
                         menu: menu.contextMenu
                     })
                     if (!menu) // as above
                         return
-                    if (!item)
+                    if (!item) {
+                        console.warn("An entry of a menu cannot be created", delegate.errorString())
                         continue
+                    }
                     widest = Math.max(widest, item.implicitWidth)
                     item.width = Qt.binding(() => content.requiredWidth)
                     follow(item, "hovered", () => item.enabled && mouseArea.itemUnderMouse === item)
