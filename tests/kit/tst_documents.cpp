@@ -29,7 +29,7 @@ void tst_Documents::examples_data()
     {
         const char *file;
         int examples;
-    } documents[] = { { "README.md", 1 }, { "docs/recipes.md", 3 }, { "kit/README.md", 1 } };
+    } documents[] = { { "README.md", 1 }, { "docs/recipes.md", 4 }, { "kit/README.md", 1 } };
     const QRegularExpression fence(QStringLiteral("^```qml\n(.*?)^```"),
                                    QRegularExpression::MultilineOption
                                        | QRegularExpression::DotMatchesEverythingOption);
