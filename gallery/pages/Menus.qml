@@ -25,7 +25,7 @@ Page {
 
     Card {
         title: qsTr("One menu, many things")
-        summary: qsTr("The same menu for every file and for the shelf below them. What cannot be done is greyed out or left out.")
+        summary: qsTr("The same menu for every file and for the shelf. What cannot be done is greyed out or left out.")
 
         Rectangle {
             id: shelf

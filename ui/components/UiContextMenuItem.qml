@@ -154,10 +154,13 @@ Item {
 
             function click(item) {
                 ++menu.clicks
-                item.clicked()
-                // A handler may destroy the context menu; names mean nothing any more then.
-                if (menu && --menu.clicks === 0 && menu.state === "discarded" && menu.opacity === 0)
-                    menu.end()
+                try {
+                    item.clicked()
+                } finally {
+                    // A handler may destroy the context menu; names mean nothing any more then.
+                    if (menu && --menu.clicks === 0 && menu.state === "discarded" && menu.opacity === 0)
+                        menu.end()
+                }
             }
 
             // A delegate that is a control knows by itself, and its properties cannot be written.
