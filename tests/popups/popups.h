@@ -9,6 +9,8 @@
 #include <TamberUi/PopupStack>
 #include <TamberUi/TooltipAgent>
 
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QShortcutEvent>
 #include <QtTest/QtTest>
@@ -107,6 +109,25 @@ public:
 
     const QPointer<ta::ui::PopupAnchor> anchor = get<ta::ui::PopupAnchor>("anchor");
 };
+
+/// A click while the event loop of the application runs, which a test does not have.
+inline void clickInEventLoop(QWindow *window, const QPoint &position)
+{
+    QEventLoop application;
+    QTimer::singleShot(0, &application, [&] {
+        click(window, position);
+        application.quit();
+    });
+    application.exec();
+}
+
+/// What the handler of a click may do: an event loop of its own that ends after \a time ms.
+inline void runEventLoop(int time)
+{
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+}
 
 /// An item of 100 x 100 pixels with a tooltip.
 inline QString itemWithTooltip(const QString &properties, const char *text = "tip")

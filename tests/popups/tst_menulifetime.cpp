@@ -5,7 +5,6 @@
 
 #include <TamberUi/MenuItem>
 
-#include <QtCore/QTimer>
 #include <QtGui/QAccessible>
 #include <QtQml/QQmlListReference>
 
@@ -266,12 +265,10 @@ void tst_MenuLifetime::handlersWithEventLoops()
             else
                 delete scene.menu;
             QVERIFY(!PopupStack::top()); // which would keep the keys from others
-            QEventLoop loop;
-            QTimer::singleShot(200, &loop, &QEventLoop::quit);
-            loop.exec();
+            runEventLoop(200);
             QVERIFY2(item && (item->clip() || item->opacity() == 0), event); // nothing is seen
         });
-        click(scene.window(), kEntry);
+        clickInEventLoop(scene.window(), kEntry);
         QTRY_COMPARE(itemsInWindow(scene), 1);
         QVERIFY(!item);
     }

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void handlersThatAskForTheOpposite();
     void handlersThatDestroy();
     void eventsThatDestroy();
+    void clicksWithEventLoops();
     void nestedPopups();
     void engineGoes();
 };
@@ -225,6 +226,26 @@ void tst_PopupLifetime::eventsThatDestroy()
         QVERIFY(QCoreApplication::sendEvent(scene.window(), event.get()));
         QVERIFY(!scene.window());
     }
+}
+
+// A click hides the popup and runs an event loop of its own: the item is there until it returns.
+void tst_PopupLifetime::clicksWithEventLoops()
+{
+    AnchorScene scene(QStringLiteral(
+        "UiPopupAnchor { id: it; objectName: 'anchor'; x: 100; y: 100; signal chosen()\n"
+        "Item { width: 200; height: 100\n"
+        "MouseArea { anchors.fill: parent; onClicked: { it.hide(); it.chosen() } } } }"));
+    scene.anchor->show();
+    QVERIFY(scene.waitForFrame());
+    const QPointer<QQuickItem> item = scene.anchor->popupItem();
+    bool outlived = false;
+    on(scene.anchor, QStringLiteral("chosen"), [&] {
+        runEventLoop(900);
+        outlived = item;
+    });
+    clickInEventLoop(scene.window(), center(item));
+    QVERIFY(outlived && !scene.anchor->popupItem());
+    QTRY_VERIFY(!item);
 }
 
 // The inner one closes first; the press goes on, and where something takes it, the outer popup sees

@@ -1,5 +1,6 @@
 #include "contextmenu_p.h"
 
+#include "destroylater_p.h"
 #include "popupstack.h"
 
 #include "foundation/assign.h"
@@ -7,7 +8,6 @@
 #include "foundation/logging.h"
 #include "foundation/positions.h"
 
-#include <QtCore/QTimer>
 #include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
@@ -77,18 +77,6 @@ bool holdsMouse(const QQuickItem *item)
 {
     const QQuickItem *grabber = item->window() ? item->window()->mouseGrabberItem() : nullptr;
     return grabber && (grabber == item || item->isAncestorOf(grabber));
-}
-
-// Destroys an item of a menu that is no more once its code does not run any more. While a handler
-// of a click runs an event loop of its own, the item still holds the mouse.
-void destroyLater(QQuickItem *item, int delay = 0)
-{
-    QTimer::singleShot(delay, item, [item] {
-        if (holdsMouse(item))
-            destroyLater(item, 100);
-        else
-            item->deleteLater();
-    });
 }
 
 } // namespace
@@ -213,6 +201,7 @@ QPointer<QQuickItem> ContextMenuPrivate::createMenuItem(const QPoint &position)
         item->setProperty("contextMenu", QVariant::fromValue(q));
         item->setProperty("_ta_isPopup", true);
     };
+    itemLevel = loopLevel();
     ++creations;
     const QPointer<QObject> created = createObject(component, prepare, qmlContext(q));
     if (guard)
@@ -273,7 +262,7 @@ ContextMenu::~ContextMenu()
         // An application that quits before the event loop runs again has the engine destroy it.
         item->setParent(qmlEngine(item));
         item->setClip(true); // it has no size
-        destroyLater(item);
+        destroyLater(item, d->itemLevel, 0);
     }
 }
 

@@ -46,6 +46,7 @@ public:
     ObjectList<AbstractMenuItem> items;
     ObjectList<AbstractMenuItem> rankedCache;
     int openings = 0;
+    int itemLevel = 1; // when the items were made, see destroyLater()
     int creations = 0; // of items, that are under way
     const QEvent *passedOn = nullptr; // only compared, see eventFilter()
     QMetaObject::Connection itemConnection;

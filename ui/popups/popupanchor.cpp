@@ -1,5 +1,6 @@
 #include "popupanchor_p.h"
 
+#include "destroylater_p.h"
 #include "dialog_p.h"
 #include "focusitem_p.h"
 #include "popupbackground.h"
@@ -12,7 +13,6 @@
 #include "foundation/rounding.h"
 #include "foundation/turn.h"
 
-#include <QtCore/QTimer>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
 
@@ -79,6 +79,7 @@ void PopupAnchorPrivate::adopt(QQuickItem *item)
 {
     popupItem = item;
     itemEngine = qmlEngine(item);
+    itemLevel = loopLevel();
     item->setEnabled(false);
     item->setParent(nullptr);
     item->setParentItem(popupLayer);
@@ -107,7 +108,7 @@ void PopupAnchorPrivate::releasePopupItem()
     QObject::disconnect(itemConnection);
     // An application may quit before the delay is over; the item then goes with its engine.
     item->setParent(itemEngine);
-    QTimer::singleShot(kReleaseDelay, item, &QObject::deleteLater);
+    destroyLater(item, itemLevel, kReleaseDelay);
 }
 
 // --- Showing and hiding -------------------------------------------------------------------------

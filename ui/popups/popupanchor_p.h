@@ -45,6 +45,7 @@ public:
     QPointer<QQmlComponent> popup;
     QPointer<QQuickItem> popupItem; // owned by the anchor until it is released
     QPointer<QQmlEngine> itemEngine; // of popupItem
+    int itemLevel = 1; // when it was made, see destroyLater()
     QPointer<QQuickItem> triggerItem;
     PopupAnchor::PopupCreationPolicy popupCreationPolicy = PopupAnchor::OnDemandCreation;
     int distanceTop = 0;
