@@ -58,17 +58,7 @@ UiButtonBase {
     onEnabledChanged: if (!enabled) hide()
     onVisibleChanged: if (!visible) hide()
 
-    Rectangle {
-        anchors.fill: parent
-        border.color: UiColors.getColor(!root.enabled ? UiColors.DisabledLightGrey13
-                                       : root.hovered || root.pressed || root.down ? UiColors.DarkBlueGrey
-                                       : UiColors.MediumLightGrey27)
-        border.width: 1
-        color: UiColors.getColor(!root.enabled || root.pressed || root.down ? UiColors.HeaderGrey4
-                                : root.hovered ? UiColors.TimeTableHover
-                                : UiColors.White)
-        radius: 3
-    }
+    DropDownGround {}
 
     ColorPreview {
         anchors.left: parent.left

@@ -191,17 +191,7 @@ UiButtonBase {
         target: root.model && root.model.dataChanged ? root.model : null
     }
 
-    Rectangle {
-        anchors.fill: parent
-        border.color: UiColors.getColor(!root.enabled ? UiColors.DisabledLightGrey13
-                                       : root.hovered || root.pressed || root.down ? UiColors.DarkBlueGrey
-                                       : UiColors.MediumLightGrey27)
-        border.width: 1
-        color: UiColors.getColor(!root.enabled || root.pressed || root.down ? UiColors.HeaderGrey4
-                                : root.hovered ? UiColors.TimeTableHover
-                                : UiColors.White)
-        radius: 3
-    }
+    DropDownGround {}
 
     UiText {
         anchors.left: parent.left
