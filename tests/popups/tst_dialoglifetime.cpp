@@ -17,6 +17,7 @@ private Q_SLOTS:
     void handlersThatDestroy_data();
     void handlersThatDestroy();
     void clicksThatDestroy();
+    void answersWithEventLoops();
     void handlersThatClose();
     void handlersThatReopen();
     void contentThatCallsBack();
@@ -149,6 +150,27 @@ void tst_DialogLifetime::clicksThatDestroy()
         click(scene.window(), center(area));
         QVERIFY(!scene.dialog);
         QTRY_VERIFY(!area);
+    }
+}
+
+// A handler of an answer runs an event loop of its own: what was clicked is there until it returns.
+void tst_DialogLifetime::answersWithEventLoops()
+{
+    for (const bool destroys : { false, true }) {
+        DialogScene scene(kDialog);
+        scene.dialog->show();
+        QVERIFY(scene.waitForFrame());
+        const QPointer<QQuickItem> host = scene.dialog->rootItem();
+        bool outlived = false;
+        on(scene.dialog, QStringLiteral("accepted"), [&] {
+            if (destroys)
+                QTimer::singleShot(0, scene.window(), [&] { delete scene.dialog.data(); });
+            runEventLoop(400);
+            outlived = host && host->opacity() == 0;
+        });
+        clickInEventLoop(scene.window(), center(scene.pushButtons().constFirst()));
+        QVERIFY(outlived && !PopupStack::top());
+        QTRY_VERIFY(!host);
     }
 }
 

@@ -9,8 +9,13 @@ Rectangle {
     id: dialogCover
 
     property UiDialog dialog
+    // How many of its clicks and answers the dialog is dealing with: it counts them.
+    property int uses: 0
+    property bool faded: false
 
     readonly property bool discarded: state === "discarded"
+    // A handler of an answer may run an event loop of its own, and what was clicked has to outlive it.
+    readonly property bool ended: faded && uses === 0
 
     // Fades out and destroys itself. Meanwhile it looks as it did, but neither pointer nor keys reach
     // it.
@@ -37,6 +42,10 @@ Rectangle {
     onDiscard: {
         state = "discarded"
         content.focus = false
+    }
+    onEndedChanged: {
+        dialogContent.discard()
+        destroy()
     }
 
     MouseArea {
@@ -300,10 +309,7 @@ Rectangle {
                 }
 
                 ScriptAction {
-                    script: {
-                        dialogContent.discard()
-                        dialogCover.destroy()
-                    }
+                    script: if (dialogCover) dialogCover.faded = true
                 }
             }
         }

@@ -18,21 +18,34 @@ class DialogPrivate
 {
 public:
     /// Something that the items of the host may be in the middle of, such as a click or a change of
-    /// the focus. A handler that destroys the dialog then leaves them to the event loop.
+    /// the focus. A handler that destroys the dialog then leaves them to the event loop; one that
+    /// closes it and runs an event loop of its own has them wait for its end.
     class HostUse
     {
     public:
-        explicit HostUse(DialogPrivate *d) : m_d(d), m_guard(d->q) { ++d->uses; }
+        explicit HostUse(DialogPrivate *d) : m_d(d), m_guard(d->q), m_host(d->host)
+        {
+            ++d->uses;
+            count(1);
+        }
         ~HostUse()
         {
             if (m_guard)
                 --m_d->uses;
+            count(-1);
         }
         Q_DISABLE_COPY(HostUse)
 
     private:
+        void count(int change) const
+        {
+            if (m_host)
+                m_host->setProperty("uses", m_host->property("uses").toInt() + change);
+        }
+
         DialogPrivate *const m_d;
         const QPointer<Dialog> m_guard;
+        const QPointer<QQuickItem> m_host;
     };
 
     explicit DialogPrivate(Dialog *q) : q(q) {}
@@ -105,6 +118,7 @@ public:
     int locks = 0; // while there are any show() does nothing
     bool onStack = false;
     int uses = 0; // see HostUse
+    int hostLevel = 1; // when the host was made, see destroyLater()
     bool wasPressed = false; // when it closed: an item of the host may be in the middle of an event
     QVector<QMetaObject::Connection> connections; // while shown
 

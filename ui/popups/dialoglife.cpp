@@ -1,5 +1,6 @@
 #include "dialog_p.h"
 
+#include "destroylater_p.h"
 #include "focusitem_p.h"
 #include "popupstack.h"
 
@@ -123,6 +124,7 @@ QQuickItem *DialogPrivate::createHost()
     const ComponentReference reference = hostComponent; // the dialog may be destroyed on the way
     const QPointer<Dialog> guard(q);
     const bool hadParent = hostParent;
+    hostLevel = loopLevel();
     ++locks;
     ++s_creations;
     const QPointer<QObject> created = createObject(
@@ -344,7 +346,8 @@ void DialogPrivate::releaseHosts()
         const QQuickItem *grabber = item->window() ? item->window()->mouseGrabberItem() : nullptr;
         if (uses > 0 || locks > 1 || wasPressed || (grabber && item->isAncestorOf(grabber))) {
             item->setParent(qmlEngine(item)); // for the case that the application ends before
-            item->deleteLater();
+            item->setOpacity(0);
+            destroyLater(item, hostLevel, 0);
         }
     }
 }
