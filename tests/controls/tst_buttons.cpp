@@ -111,6 +111,18 @@ void tst_Buttons::keys()
         QTest::keyRelease(scene.window(), row.key, Qt::AltModifier);
         QCOMPARE(log.take(), row.activates ? names({ "clicked" }) : QStringList());
     }
+
+    // It may also leave while the key is down. The mouse goes on holding the button then.
+    QTest::keyPress(scene.window(), Qt::Key_Space);
+    scene.root()->forceActiveFocus();
+    QVERIFY(!button->pressed());
+    QTest::keyRelease(scene.window(), Qt::Key_Space);
+    QCOMPARE(log.take(), names({ "pressedChanged", "pressedChanged" }));
+    button->forceActiveFocus();
+    press(scene.window(), kInside);
+    scene.root()->forceActiveFocus();
+    QVERIFY(button->pressed());
+    release(scene.window(), kInside);
 }
 
 void tst_Buttons::disabling()

@@ -4,6 +4,8 @@
 
 #include "foundation/mousegrab.h"
 
+#include <QtQuick/QQuickWindow>
+
 namespace ta::ui {
 
 class ButtonBasePrivate : public PointerState<ButtonBase>
@@ -169,6 +171,16 @@ void ButtonBase::mouseReleaseEvent(QMouseEvent *event)
 void ButtonBase::mouseUngrabEvent()
 {
     d->setPressed(false);
+}
+
+// The release of a key that is still down will go to whoever has the focus then. A button that
+// loses it because it was disabled ends hover first.
+void ButtonBase::focusOutEvent(QFocusEvent *event)
+{
+    QQuickItem::focusOutEvent(event);
+    const bool isHeld = window() && window()->mouseGrabberItem() == this;
+    if (isEnabled() && !isHeld)
+        d->setPressed(false);
 }
 
 void ButtonBase::hoverEnterEvent(QHoverEvent *event)
