@@ -40,8 +40,13 @@ FocusScope {
                 focus: true
                 objectName: "formName"
 
-                // It keeps the key for itself otherwise.
-                onReturnPressed: if (complete) dialog.accept(dialog.result)
+                // It keeps the key for itself otherwise, and gives the focus away.
+                onReturnPressed: {
+                    if (complete)
+                        dialog.accept(dialog.result)
+                    else
+                        forceActiveFocus()
+                }
             }
         }
 
