@@ -29,8 +29,6 @@ private Q_SLOTS:
     void hiddenButton();
     void tabCycle();
     void clicksAndFocus();
-    void heldKey();
-    void heldBefore();
 };
 
 namespace {
@@ -465,56 +463,6 @@ void tst_Dialog::clicksAndFocus()
     for (int step = 0; step < 2; ++step) {
         QTest::keyClick(scene.window(), Qt::Key_Tab);
         QTRY_COMPARE(focused(scene), QStringLiteral("stop"));
-    }
-}
-
-// The key that closes a dialog does nothing to the button that gets the focus back; the next one
-// does. A text input lets the press go on to what it lies in.
-void tst_Dialog::heldKey()
-{
-    for (const char *content :
-         { "Item {}", "TextInput { focus: true; onAccepted: dialog.accept(1) }" }) {
-        DialogScene scene(QStringLiteral("UiPushButton { objectName: 'opener'; focus: true }\n"
-                                         "UiDialog { objectName: 'dialog'\n"
-                                         "contentDelegate: Component { FocusScope { focus: true\n"
-                                         "property var dialog; %1 } }\n")
-                              .arg(QLatin1String(content))
-                          + buttons({ "role: UiDialogButton.OkRole" }) + QLatin1Char('}'));
-        auto *opener = scene.find("opener");
-        SignalLog log;
-        log.watch(opener, names({ "clicked", "pressedChanged" }));
-        scene.dialog->show();
-        QTest::keyPress(scene.window(), Qt::Key_Return);
-        QVERIFY(!PopupStack::top() && opener->hasActiveFocus());
-        QKeyEvent repetition(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
-        QCoreApplication::sendEvent(scene.window(), &repetition);
-        QTest::keyRelease(scene.window(), Qt::Key_Return);
-        QVERIFY(log.take().isEmpty());
-        QTest::keyClick(scene.window(), Qt::Key_Return);
-        QCOMPARE(log.take(), names({ "pressedChanged", "pressedChanged", "clicked" }));
-    }
-}
-
-// The key that opens a dialog does not answer it, however long it is held; the next one does.
-void tst_Dialog::heldBefore()
-{
-    for (const char *defaultButton : { "ok", "null" }) {
-        DialogScene scene(
-            QStringLiteral("TextInput { focus: true; onAccepted: dialog.show() }\n"
-                           "UiDialog { id: dialog; objectName: 'dialog'; defaultButton: %1\n")
-                .arg(QLatin1String(defaultButton))
-            + buttons({ "id: ok; role: UiDialogButton.OkRole" }) + QLatin1Char('}'));
-        QTest::keyPress(scene.window(), Qt::Key_Control);
-        QTest::keyPress(scene.window(), Qt::Key_Return);
-        for (auto type : { QEvent::KeyPress, QEvent::KeyRelease, QEvent::KeyPress }) {
-            QKeyEvent repetition(type, Qt::Key_Return, Qt::NoModifier, QString(), true);
-            QCoreApplication::sendEvent(scene.window(), &repetition);
-        }
-        QTest::keyRelease(scene.window(), Qt::Key_Control);
-        QTest::keyRelease(scene.window(), Qt::Key_Return);
-        QVERIFY(scene.dialog->rootItem());
-        QTest::keyClick(scene.window(), Qt::Key_Return);
-        QVERIFY(!scene.dialog->rootItem());
     }
 }
 

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void otherWindow();
     void shortcuts();
     void resizeBelow();
+    void heldKey();
+    void heldBefore();
 };
 
 namespace {
@@ -308,6 +310,57 @@ void tst_DialogFilter::resizeBelow()
     QTRY_COMPARE(below->content()->width(), 640.0);
     dialog->reject();
     below->reject();
+}
+
+// The key that closes a dialog does nothing to the button that gets the focus back; the next one
+// does. A text input lets the press go on to what it lies in.
+void tst_DialogFilter::heldKey()
+{
+    for (const char *content :
+         { "Item {}", "TextInput { focus: true; onAccepted: dialog.accept(1) }" }) {
+        DialogScene scene(
+            QStringLiteral("UiPushButton { objectName: 'opener'; focus: true }\n"
+                           "UiDialog { objectName: 'dialog'\n"
+                           "contentDelegate: Component { FocusScope { focus: true\n"
+                           "property var dialog; %1 } }\n"
+                           "buttons: UiDialogButton { role: UiDialogButton.OkRole } }")
+                .arg(QLatin1String(content)));
+        auto *opener = scene.find("opener");
+        SignalLog log;
+        log.watch(opener, names({ "clicked", "pressedChanged" }));
+        scene.dialog->show();
+        QTest::keyPress(scene.window(), Qt::Key_Return);
+        QVERIFY(!PopupStack::top() && opener->hasActiveFocus());
+        QKeyEvent repetition(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(scene.window(), &repetition);
+        QTest::keyRelease(scene.window(), Qt::Key_Return);
+        QVERIFY(log.take().isEmpty());
+        QTest::keyClick(scene.window(), Qt::Key_Return);
+        QCOMPARE(log.take(), names({ "pressedChanged", "pressedChanged", "clicked" }));
+    }
+}
+
+// The key that opens a dialog does not answer it, however long it is held; the next one does.
+void tst_DialogFilter::heldBefore()
+{
+    for (const char *defaultButton : { "ok", "null" }) {
+        DialogScene scene(
+            QStringLiteral("TextInput { focus: true; onAccepted: dialog.show() }\n"
+                           "UiDialog { id: dialog; objectName: 'dialog'; defaultButton: %1\n"
+                           "buttons: UiDialogButton { id: ok; role: UiDialogButton.OkRole } }")
+                .arg(QLatin1String(defaultButton)));
+        QTest::keyPress(scene.window(), Qt::Key_Control);
+        QTest::keyPress(scene.window(), Qt::Key_Return);
+        for (auto type : { QEvent::KeyPress, QEvent::KeyRelease, QEvent::KeyPress }) {
+            QKeyEvent repetition(type, Qt::Key_Return, Qt::NoModifier, QString(), true);
+            QCoreApplication::sendEvent(scene.window(), &repetition);
+        }
+        QTest::keyRelease(scene.window(), Qt::Key_Control);
+        QTest::keyRelease(scene.window(), Qt::Key_Return);
+        QVERIFY(scene.dialog->rootItem());
+        QTest::keyClick(scene.window(), Qt::Key_Return);
+        QVERIFY(!scene.dialog->rootItem());
+    }
 }
 
 TAMBER_TEST_MAIN(tst_DialogFilter)
