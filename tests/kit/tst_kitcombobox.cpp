@@ -23,7 +23,6 @@ private Q_SLOTS:
     void showsItsRow();
     void followsItsModel();
     void badIndexes();
-    void goesWithItsPage();
 };
 
 namespace {
@@ -235,26 +234,6 @@ void tst_KitComboBox::badIndexes()
     combo->setProperty("model", QStringList { QStringLiteral("Only") }); // while the list is open
     QTest::keyClick(scene.window(), Qt::Key_Return);
     QVERIFY(!isOpen(combo));
-}
-
-// Its list, which still fades then, was being scrolled when it closed.
-void tst_KitComboBox::goesWithItsPage()
-{
-    Scene scene(QStringLiteral(
-        "Loader { objectName: 'page'; sourceComponent: Item { UiComboBox { objectName: 'combo'\n"
-        "x: 100; y: 100; model: 60 } } }"));
-    scene.engine().setIncubationController(scene.window()->incubationController());
-    int complaints = 0; // of rows for a combo box that is gone
-    connect(&scene.engine(), &QQmlEngine::warnings, [&] { ++complaints; });
-    auto *combo = scene.find("combo");
-    QMetaObject::invokeMethod(combo, "show");
-    const QPointer<QQuickItem> list = combo->findChild<PopupAnchor *>()->popupItem();
-    QVERIFY(list && scene.waitForFrame());
-    wheel(scene.window(), center(list), -3);
-    QMetaObject::invokeMethod(combo, "hide");
-    scene.find("page")->setProperty("sourceComponent", QVariant());
-    QTRY_VERIFY(!list);
-    QCOMPARE(complaints, 0);
 }
 
 TAMBER_TEST_MAIN(tst_KitComboBox)
