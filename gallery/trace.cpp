@@ -122,7 +122,8 @@ void Trace::scan()
 
 void Trace::collect(QQuickItem *item, QRectF clip, QMap<QString, QRect> &places)
 {
-    if (!item->isVisible() || item->opacity() <= 0)
+    // What is about to fade in may not be in its place before its first frame.
+    if (!item->isVisible() || item->opacity() < 0.5)
         return;
     const QRectF place = item->mapRectToScene(item->boundingRect());
     const QString name = nameOf(item);

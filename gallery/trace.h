@@ -28,7 +28,7 @@
     \li \c{dropped NAME KEYS VALUE}: the keys as a number of Qt, the value as JSON
     \endlist
 
-    Only items with an object name are told of, and none that is transparent or clipped away; a part
+    Only items with an object name are told of, and none that is fading in or clipped away; a part
     stands for the whole. Where several share a name, the first one in drawing order counts. The
     focus is told by the nearest name on the way from the item to the top.
 
